@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -64,7 +65,9 @@ protected:
 
     void WriteSystemRules(const std::vector<SYRuleRow>& rules)
     {
-        SYSystemRulesWriter writer(install.File(SYSamData::SystemRulesFileName));
+        const std::string path = install.File(SYSamData::SystemRulesFileName);
+        std::filesystem::remove(path);
+        SYSystemRulesWriter writer(path);
         for (const SYRuleRow& row : rules)
             writer.AddRule(row);
         writer.Commit();
@@ -109,6 +112,8 @@ TEST_F(SYAppFileTest, VerdictStates)
          scanned("junk.tmp"), AppFileUserIgnored, true, "comment on junk.tmp", ""},
         {"user rule before system rule", 0, {rule(0, 0, "both.dll")}, {rule(0, 1, "both.dll")},
          scanned("both.dll"), AppFileUserIdentified, true, "", "App of both.dll|2.1|Maker"},
+        {"user rule of an unknown type", 0, {rule(0, 2, "odd.exe")}, {}, scanned("odd.exe"),
+         AppFileSystemIdentified, true, "comment on odd.exe", ""},
         {"rule of another size does not govern", 1, {rule(1, 1, "sized.dll", std::uint64_t{5})},
          {}, scanned("sized.dll"), AppFileNoRule, false, "", ""},
     };
