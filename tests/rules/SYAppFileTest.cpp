@@ -19,8 +19,7 @@ namespace {
 constexpr std::int32_t ScanTime = 1614862923;
 
 SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string& name,
-               std::optional<std::uint64_t> size = {}, std::int32_t time = 0)
-{
+               std::optional<std::uint64_t> size = {}, std::int32_t time = 0) {
     SYRuleRow row;
     row.invDataType = invDataType;
     row.ruleType = type;
@@ -37,8 +36,8 @@ SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string&
     return row;
 }
 
-SYScanFile scanned(const std::string& name, std::uint64_t size = 1000, std::int32_t time = ScanTime)
-{
+SYScanFile scanned(const std::string& name, std::uint64_t size = 1000,
+                   std::int32_t time = ScanTime) {
     SYScanFile file;
     file.name = name;
     file.size = size;
@@ -49,22 +48,19 @@ SYScanFile scanned(const std::string& name, std::uint64_t size = 1000, std::int3
 // An inventory in memory beside an installation folder with a system rules database.
 class SYAppFileTest : public testing::Test {
 protected:
-    void SetUp() override
-    {
+    void SetUp() override {
         SYGetApp().SetInstallPath(install.Path());
         SYGetApp().ClearReports();
         db.OpenMemory();
         record.SetDatabase(&db);
     }
-    void TearDown() override
-    {
+    void TearDown() override {
         db.ClearFault();
         SYGetApp().SetInstallPath("");
         SYGetApp().ClearReports();
     }
 
-    void WriteSystemRules(const std::vector<SYRuleRow>& rules)
-    {
+    void WriteSystemRules(const std::vector<SYRuleRow>& rules) {
         const std::string path = install.File(SYSamData::SystemRulesFileName);
         std::filesystem::remove(path);
         SYSystemRulesWriter writer(path);
@@ -78,8 +74,7 @@ protected:
     SYAppFile record;
 };
 
-TEST_F(SYAppFileTest, VerdictStates)
-{
+TEST_F(SYAppFileTest, VerdictStates) {
     struct Case {
         const char* what;
         unsigned char inventory;
@@ -93,9 +88,19 @@ TEST_F(SYAppFileTest, VerdictStates)
     };
     const std::vector<Case> cases = {
         {"no rule", 0, {}, {}, scanned("none.exe"), AppFileNoRule, false, "", ""},
-        {"system identification", 1, {}, {rule(1, 0, "sys.exe")}, scanned("sys.exe"),
-         AppFileSystemIdentified, false, "", ""},
-        {"version information", 0, {}, {},
+        {"system identification",
+         1,
+         {},
+         {rule(1, 0, "sys.exe")},
+         scanned("sys.exe"),
+         AppFileSystemIdentified,
+         false,
+         "",
+         ""},
+        {"version information",
+         0,
+         {},
+         {},
          [] {
              SYScanFile f = scanned("ver.exe");
              f.appName = "Ver";
@@ -103,19 +108,64 @@ TEST_F(SYAppFileTest, VerdictStates)
              f.appCompany = "VerCo";
              return f;
          }(),
-         AppFileSystemIdentified, false, "", ""},
-        {"user identification", 1, {rule(1, 0, "USER.exe")}, {}, scanned("user.exe"),
-         AppFileUserIdentified, true, "", "App of USER.exe|2.1|Maker"},
-        {"system ignore", 0, {}, {rule(0, 1, "noise.log")}, scanned("noise.log"),
-         AppFileSystemIgnored, false, "comment on noise.log", ""},
-        {"user ignore", 1, {rule(1, 1, "junk.tmp", std::uint64_t{1000})}, {},
-         scanned("junk.tmp"), AppFileUserIgnored, true, "comment on junk.tmp", ""},
-        {"user rule before system rule", 0, {rule(0, 0, "both.dll")}, {rule(0, 1, "both.dll")},
-         scanned("both.dll"), AppFileUserIdentified, true, "", "App of both.dll|2.1|Maker"},
-        {"user rule of an unknown type", 0, {rule(0, 2, "odd.exe")}, {}, scanned("odd.exe"),
-         AppFileSystemIdentified, true, "comment on odd.exe", ""},
-        {"rule of another size does not govern", 1, {rule(1, 1, "sized.dll", std::uint64_t{5})},
-         {}, scanned("sized.dll"), AppFileNoRule, false, "", ""},
+         AppFileSystemIdentified,
+         false,
+         "",
+         ""},
+        {"user identification",
+         1,
+         {rule(1, 0, "USER.exe")},
+         {},
+         scanned("user.exe"),
+         AppFileUserIdentified,
+         true,
+         "",
+         "App of USER.exe|2.1|Maker"},
+        {"system ignore",
+         0,
+         {},
+         {rule(0, 1, "noise.log")},
+         scanned("noise.log"),
+         AppFileSystemIgnored,
+         false,
+         "comment on noise.log",
+         ""},
+        {"user ignore",
+         1,
+         {rule(1, 1, "junk.tmp", std::uint64_t{1000})},
+         {},
+         scanned("junk.tmp"),
+         AppFileUserIgnored,
+         true,
+         "comment on junk.tmp",
+         ""},
+        {"user rule before system rule",
+         0,
+         {rule(0, 0, "both.dll")},
+         {rule(0, 1, "both.dll")},
+         scanned("both.dll"),
+         AppFileUserIdentified,
+         true,
+         "",
+         "App of both.dll|2.1|Maker"},
+        {"user rule of an unknown type",
+         0,
+         {rule(0, 2, "odd.exe")},
+         {},
+         scanned("odd.exe"),
+         AppFileSystemIdentified,
+         true,
+         "comment on odd.exe",
+         ""},
+        {"rule of another size does not govern",
+         1,
+         {rule(1, 1, "sized.dll", std::uint64_t{5})},
+         {},
+         scanned("sized.dll"),
+         AppFileNoRule,
+         false,
+         "",
+         ""},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -126,9 +176,9 @@ TEST_F(SYAppFileTest, VerdictStates)
         unsigned long fileID = 0;
         {
             SYInventoryWriter writer(db, install.Path());
-            const unsigned long client =
-                c.inventory == 0 ? writer.AddMachine("pc", "ann", ScanTime)
-                                 : writer.AddDevice(1, "ce", "bob", ScanTime);
+            const unsigned long client = c.inventory == 0
+                                             ? writer.AddMachine("pc", "ann", ScanTime)
+                                             : writer.AddDevice(1, "ce", "bob", ScanTime);
             for (const SYRuleRow& row : c.userRules)
                 userRuleID = writer.AddUserRule(row);
             fileID = writer.AddFile(c.inventory, client, "C:\\Apps", c.file);
@@ -149,8 +199,7 @@ TEST_F(SYAppFileTest, VerdictStates)
     }
 }
 
-TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues)
-{
+TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues) {
     struct Case {
         std::string name;
         std::uint64_t size;
@@ -182,8 +231,7 @@ TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues)
     }
 }
 
-TEST_F(SYAppFileTest, RulesOfEveryVersionOfTheNameAreLoadedSortedAndOnce)
-{
+TEST_F(SYAppFileTest, RulesOfEveryVersionOfTheNameAreLoadedSortedAndOnce) {
     unsigned long fileID = 0;
     unsigned long removedRule = 0;
     {
@@ -225,13 +273,12 @@ TEST_F(SYAppFileTest, RulesOfEveryVersionOfTheNameAreLoadedSortedAndOnce)
     EXPECT_EQ(record.GetIgnoreRule(1), nullptr);
 }
 
-TEST_F(SYAppFileTest, NothingToLoadLeavesTheRecordAsItWas)
-{
+TEST_F(SYAppFileTest, NothingToLoadLeavesTheRecordAsItWas) {
     unsigned long fileID = 0;
     {
         SYInventoryWriter writer(db);
-        fileID = writer.AddFile(0, writer.AddMachine("pc", "", ScanTime), "C:\\",
-                                scanned("kept.exe"));
+        fileID =
+            writer.AddFile(0, writer.AddMachine("pc", "", ScanTime), "C:\\", scanned("kept.exe"));
         writer.Commit();
     }
     SYAppFile empty;
@@ -252,8 +299,7 @@ TEST_F(SYAppFileTest, NothingToLoadLeavesTheRecordAsItWas)
     EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
-TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveTheDocumentedRemains)
-{
+TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveTheDocumentedRemains) {
     unsigned long fileID = 0;
     {
         SYInventoryWriter writer(db);
