@@ -21,18 +21,17 @@ struct FileSpec {
 // An inventory with one PC holding the given files, all unidentified.
 class FileInventory {
 public:
-    explicit FileInventory(const std::vector<FileSpec>& files, bool withRIM = true)
-    {
+    explicit FileInventory(const std::vector<FileSpec>& files, bool withRIM = true) {
         db.OpenMemory(withRIM);
         SYInventoryWriter writer(db);
         const auto machine = writer.AddMachine("pc-1", "ann", CTime(1000000));
         for (const auto& f : files)
-            ids.push_back(writer.AddFile(0, machine, "C:\\Data", {f.name, f.size, f.time, "", "", ""}));
+            ids.push_back(
+                writer.AddFile(0, machine, "C:\\Data", {f.name, f.size, f.time, "", "", ""}));
         writer.Commit();
     }
 
-    std::vector<std::string> NamesFor(void (*filter)(SYAppFileSet&))
-    {
+    std::vector<std::string> NamesFor(void (*filter)(SYAppFileSet&)) {
         SYAppFileSet set(db);
         filter(set);
         set.Open();
@@ -46,8 +45,7 @@ public:
     std::vector<unsigned long> ids;
 };
 
-std::string upper(std::string text)
-{
+std::string upper(std::string text) {
     for (char& c : text) {
         if (c >= 'a' && c <= 'z')
             c = static_cast<char>(c - 'a' + 'A');
@@ -55,12 +53,18 @@ std::string upper(std::string text)
     return text;
 }
 
-const std::vector<std::string> kAwkwardNames = {
-    "o'brien.dll", "x\"y.ini", "100%.txt", "100X.txt", "a_b.dll", "axb.dll",
-    "*.*",         "a.b",      "r\xC3\xA9sum\xC3\xA9.doc", "Robert'); DROP TABLE Files;--"};
+const std::vector<std::string> kAwkwardNames = {"o'brien.dll",
+                                                "x\"y.ini",
+                                                "100%.txt",
+                                                "100X.txt",
+                                                "a_b.dll",
+                                                "axb.dll",
+                                                "*.*",
+                                                "a.b",
+                                                "r\xC3\xA9sum\xC3\xA9.doc",
+                                                "Robert'); DROP TABLE Files;--"};
 
-TEST(SYAppFileSet, NamesAreBoundLiterallyAndCompareWithoutAsciiCase)
-{
+TEST(SYAppFileSet, NamesAreBoundLiterallyAndCompareWithoutAsciiCase) {
     std::vector<FileSpec> files;
     for (const auto& name : kAwkwardNames)
         files.push_back({name, 10, 1000});
@@ -89,8 +93,7 @@ TEST(SYAppFileSet, NamesAreBoundLiterallyAndCompareWithoutAsciiCase)
     EXPECT_TRUE(other.IsEOF());
 }
 
-TEST(SYAppFileSet, SizesBeyondFourGigabytesAndTimesAtOrBeforeTheEpoch)
-{
+TEST(SYAppFileSet, SizesBeyondFourGigabytesAndTimesAtOrBeforeTheEpoch) {
     const std::uint64_t big = 0x100000005ULL;
     const std::uint64_t huge = 0xFFFFFFFFFFFFFFFEULL;
     FileInventory inv({{"small.bin", 5, 600},
@@ -143,8 +146,7 @@ TEST(SYAppFileSet, SizesBeyondFourGigabytesAndTimesAtOrBeforeTheEpoch)
     EXPECT_TRUE(byTime(30).empty());
 }
 
-TEST(SYAppFileSet, LifeOfASetWithRequeryOnNewFilterValues)
-{
+TEST(SYAppFileSet, LifeOfASetWithRequeryOnNewFilterValues) {
     FileInventory inv({{"a.dll", 1, 60}, {"b.dll", 2, 60}, {"b.dll", 3, 60}});
     SYAppFileSet set(inv.db);
     EXPECT_TRUE(set.IsEOF());
@@ -170,8 +172,7 @@ TEST(SYAppFileSet, LifeOfASetWithRequeryOnNewFilterValues)
     EXPECT_THROW(set.Requery(), CDBException);
 }
 
-TEST(SYAppFileSet, UnidentifiedAndJoinedLocationRows)
-{
+TEST(SYAppFileSet, UnidentifiedAndJoinedLocationRows) {
     SYDatabase db;
     db.OpenMemory();
     SYInventoryWriter writer(db);
@@ -222,8 +223,7 @@ TEST(SYAppFileSet, UnidentifiedAndJoinedLocationRows)
     EXPECT_EQ(ceFiles.InstallationID(), 0U);
 }
 
-TEST(SYRecordset, CountTextsRunVerbatim)
-{
+TEST(SYRecordset, CountTextsRunVerbatim) {
     SYDatabase db;
     db.OpenMemory();
     db.Exec("INSERT INTO [Applications] (AppName, AppNameInternal, AppVersion, AppCompany, "
@@ -258,8 +258,7 @@ TEST(SYRecordset, CountTextsRunVerbatim)
 }
 
 unsigned long addRule(SYDatabase& db, unsigned char type, const std::string& name,
-                      const std::uint64_t* size, std::int32_t time)
-{
+                      const std::uint64_t* size, std::int32_t time) {
     SYSWRuleSet rules(db);
     rules.Open();
     rules.AddNew();
@@ -278,8 +277,7 @@ unsigned long addRule(SYDatabase& db, unsigned char type, const std::string& nam
     return rules.RuleID();
 }
 
-TEST(SYSWRuleSet, WritesRowsAndReadsThemBackThroughEveryFilter)
-{
+TEST(SYSWRuleSet, WritesRowsAndReadsThemBackThroughEveryFilter) {
     SYDatabase db;
     db.OpenMemory();
     const std::uint64_t big = 0x200000001ULL;
@@ -349,8 +347,7 @@ TEST(SYSWRuleSet, WritesRowsAndReadsThemBackThroughEveryFilter)
               (V{sized, timed}));
 }
 
-TEST(SYSWRuleSet, ReadOnlySetsAndOtherInventoriesRefuseWrites)
-{
+TEST(SYSWRuleSet, ReadOnlySetsAndOtherInventoriesRefuseWrites) {
     SYDatabase db;
     db.OpenMemory();
     SYSWRuleSet readOnly(db);
