@@ -290,3 +290,32 @@ TEST(Controls, DateAndTimeEditorsMakeOneTimeTogether) {
 }
 
 } // namespace
+
+namespace {
+
+TEST(Controls, TheTextWindowWrapsAtItsWidth) {
+    CDialog dialog((testTemplate(), kTemplate));
+    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
+    SYTextWnd text;
+    ASSERT_TRUE(text.CreateFromControl(kText, &dialog, 1));
+    EXPECT_EQ(dialog.GetDlgItem(kText), &text);
+    text.MoveWindow({0, 0, 12 * SYFontMetrics::CharWidth, 40});
+    text.AddText("This file is being ignored\nby a user rule.");
+    text.LayoutText();
+    EXPECT_EQ(text.Lines(),
+              (std::vector<std::string>{"This file is", "being", "ignored", "by a user", "rule."}));
+    text.Empty();
+    EXPECT_TRUE(text.Lines().empty());
+    EXPECT_FALSE(SYTextWnd().CreateFromControl(kText, &dialog, 1)) << "already taken";
+}
+
+TEST(Controls, FocusGoesWithItsWindow) {
+    CDialog dialog((testTemplate(), kTemplate));
+    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
+    dialog.GetDlgItem(kName)->SetFocus();
+    EXPECT_TRUE(dialog.GetDlgItem(kName)->HasFocus());
+    dialog.DestroyWindow();
+    EXPECT_EQ(SYWnd::GetFocus(), nullptr);
+}
+
+} // namespace
