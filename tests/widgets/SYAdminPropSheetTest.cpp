@@ -29,6 +29,7 @@ public:
     int loads = 0;
     int saves = 0;
     int valid = 1;
+    bool failSave = false;
     bool closeOnInit = false;
     std::string text;
 
@@ -44,6 +45,8 @@ protected:
     void DoDataExchange(CDataExchange* dx) override {
         ++(dx->m_bSaveAndValidate ? saves : loads);
         DDX_Text(dx, kEdit, text);
+        if (dx->m_bSaveAndValidate && failSave)
+            dx->Fail();
     }
 };
 
@@ -127,6 +130,23 @@ TEST(AdminPropSheet, OKSavesEveryOpenedPageAndStaysOpenOnRefusal) {
     EXPECT_EQ(sheet.first.text, "on the first page");
     EXPECT_EQ(sheet.second.text, "on the second page");
     EXPECT_EQ(sheet.okCommand, SYMakeCommand(IDOK, BN_CLICKED));
+}
+
+TEST(AdminPropSheet, APageWhoseExchangeFailsComesToTheFront) {
+    SYScriptedModalHost host;
+    TestSheet sheet;
+    sheet.second.failSave = true;
+    host.ExpectDialog("Test Sheet")
+        .SelectPage(1)
+        .SelectPage(0)
+        .PressOK()
+        .Inspect([&](CDialog& open) {
+            EXPECT_FALSE(open.IsModalEnded());
+            EXPECT_EQ(sheet.GetActiveIndex(), 1);
+            EXPECT_EQ(sheet.saved, 0);
+        })
+        .PressCancel();
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
 }
 
 TEST(AdminPropSheet, ARefusedOKInAReadOnlySheetClosesWithoutSaving) {
