@@ -11,51 +11,48 @@ constexpr int PageHeight = 200;
 constexpr int Margin = 7;
 constexpr int Row = 12; // distance between two label lines
 
-SYDialogTemplate appViewGeneral()
-{
+SYDialogTemplate appViewGeneral() {
     constexpr int fieldX = 95;
     constexpr int fieldWidth = PageWidth - Margin - fieldX;
-    return {IDD_APP_VIEW_GENERAL,
-            "General",
-            PageWidth,
-            PageHeight,
-            {
-                Label(IDC_APP_NAME_LABEL, "Name:", Margin, 7, 84),
-                Field(IDC_APP_NAME, fieldX, 7, fieldWidth),
-                Label(IDC_APP_VERSION_LABEL, "Version:", Margin, 7 + Row, 84),
-                Field(IDC_APP_VERSION, fieldX, 7 + Row, fieldWidth),
-                Label(IDC_APP_COMPANY_LABEL, "Company:", Margin, 7 + 2 * Row, 84),
-                Field(IDC_APP_COMPANY, fieldX, 7 + 2 * Row, fieldWidth),
-                Label(IDC_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7 + 3 * Row, 84),
-                Field(IDC_TOTAL_CLIENTS, fieldX, 7 + 3 * Row, 60),
-                Label(IDC_TOTAL_INSTALLATIONS_LABEL, "Total installations:", Margin, 7 + 4 * Row,
-                      84),
-                Field(IDC_TOTAL_INSTALLATIONS, fieldX, 7 + 4 * Row, 60),
-                Group(IDC_APP_FILES_GROUP, "Application files", Margin, 72,
-                      PageWidth - 2 * Margin, PageHeight - 72 - Margin),
-                List(IDC_APP_FILE_LIST, 2 * Margin, 84, PageWidth - 4 * Margin,
-                     PageHeight - 84 - 2 * Margin),
-            }};
+    return {
+        IDD_APP_VIEW_GENERAL,
+        "General",
+        PageWidth,
+        PageHeight,
+        {
+            Label(IDC_APP_NAME_LABEL, "Name:", Margin, 7, 84),
+            Field(IDC_APP_NAME, fieldX, 7, fieldWidth),
+            Label(IDC_APP_VERSION_LABEL, "Version:", Margin, 7 + Row, 84),
+            Field(IDC_APP_VERSION, fieldX, 7 + Row, fieldWidth),
+            Label(IDC_APP_COMPANY_LABEL, "Company:", Margin, 7 + 2 * Row, 84),
+            Field(IDC_APP_COMPANY, fieldX, 7 + 2 * Row, fieldWidth),
+            Label(IDC_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7 + 3 * Row, 84),
+            Field(IDC_TOTAL_CLIENTS, fieldX, 7 + 3 * Row, 60),
+            Label(IDC_TOTAL_INSTALLATIONS_LABEL, "Total installations:", Margin, 7 + 4 * Row, 84),
+            Field(IDC_TOTAL_INSTALLATIONS, fieldX, 7 + 4 * Row, 60),
+            Group(IDC_APP_FILES_GROUP, "Application files", Margin, 72, PageWidth - 2 * Margin,
+                  PageHeight - 72 - Margin),
+            List(IDC_APP_FILE_LIST, 2 * Margin, 84, PageWidth - 4 * Margin,
+                 PageHeight - 84 - 2 * Margin),
+        }};
 }
 
-SYDialogTemplate appViewMachines()
-{
-    return {IDD_APP_VIEW_MACHINES,
-            "Clients",
-            PageWidth,
-            PageHeight,
-            {
-                Label(IDC_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7, 84),
-                Field(IDC_TOTAL_CLIENTS, 95, 7, 60),
-                Label(IDC_TOTAL_INSTALLATIONS_LABEL, "Total installations:", Margin, 7 + Row, 84),
-                Field(IDC_TOTAL_INSTALLATIONS, 95, 7 + Row, 60),
-                List(IDC_MACHINE_LIST, Margin, 40, PageWidth - 2 * Margin,
-                     PageHeight - 40 - Margin),
-            }};
+SYDialogTemplate appViewMachines() {
+    return {
+        IDD_APP_VIEW_MACHINES,
+        "Clients",
+        PageWidth,
+        PageHeight,
+        {
+            Label(IDC_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7, 84),
+            Field(IDC_TOTAL_CLIENTS, 95, 7, 60),
+            Label(IDC_TOTAL_INSTALLATIONS_LABEL, "Total installations:", Margin, 7 + Row, 84),
+            Field(IDC_TOTAL_INSTALLATIONS, 95, 7 + Row, 60),
+            List(IDC_MACHINE_LIST, Margin, 40, PageWidth - 2 * Margin, PageHeight - 40 - Margin),
+        }};
 }
 
-SYDialogTemplate palmAppViewGeneral()
-{
+SYDialogTemplate palmAppViewGeneral() {
     constexpr int fieldX = 70;
     constexpr int fieldWidth = PageWidth - Margin - fieldX;
     return {IDD_PALM_APP_VIEW_GENERAL,
@@ -76,8 +73,7 @@ SYDialogTemplate palmAppViewGeneral()
             }};
 }
 
-SYDialogTemplate palmAppViewDevices()
-{
+SYDialogTemplate palmAppViewDevices() {
     return {IDD_PALM_APP_VIEW_DEVICES,
             "Clients",
             PageWidth,
@@ -90,8 +86,7 @@ SYDialogTemplate palmAppViewDevices()
             }};
 }
 
-SYDialogTemplate rimAppViewGeneral()
-{
+SYDialogTemplate rimAppViewGeneral() {
     constexpr int fieldX = 70;
     return {IDD_RIM_APP_VIEW_GENERAL,
             "General",
@@ -107,22 +102,20 @@ SYDialogTemplate rimAppViewGeneral()
             }};
 }
 
-SYDialogTemplate rimAppViewDevices()
-{
-    return {IDD_RIM_APP_VIEW_DEVICES,
-            "Clients",
-            PageWidth,
-            PageHeight,
-            {
-                Label(IDC_RIM_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7, 60),
-                Field(IDC_RIM_TOTAL_CLIENTS, 70, 7, 60),
-                List(IDC_RIM_DEVICE_LIST, Margin, 24, PageWidth - 2 * Margin,
-                     PageHeight - 24 - Margin),
-            }};
+SYDialogTemplate rimAppViewDevices() {
+    return {
+        IDD_RIM_APP_VIEW_DEVICES,
+        "Clients",
+        PageWidth,
+        PageHeight,
+        {
+            Label(IDC_RIM_TOTAL_CLIENTS_LABEL, "Total clients:", Margin, 7, 60),
+            Field(IDC_RIM_TOTAL_CLIENTS, 70, 7, 60),
+            List(IDC_RIM_DEVICE_LIST, Margin, 24, PageWidth - 2 * Margin, PageHeight - 24 - Margin),
+        }};
 }
 
-SYDialogTemplate appInstDetails()
-{
+SYDialogTemplate appInstDetails() {
     constexpr int width = 320;
     constexpr int height = 220;
     constexpr int fieldX = 60;
@@ -145,8 +138,7 @@ SYDialogTemplate appInstDetails()
             }};
 }
 
-SYDialogTemplate palmAppInstDetails()
-{
+SYDialogTemplate palmAppInstDetails() {
     constexpr int width = 300;
     constexpr int height = 220;
     constexpr int fieldX = 60;
@@ -170,8 +162,7 @@ SYDialogTemplate palmAppInstDetails()
             }};
 }
 
-SYDialogTemplate rimAppInstDetails()
-{
+SYDialogTemplate rimAppInstDetails() {
     constexpr int width = 260;
     constexpr int height = 60;
     constexpr int fieldX = 60;
