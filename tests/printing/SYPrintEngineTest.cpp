@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <unistd.h>
+
 #include "outside/widgets/CDC.h"
 #include "outside/widgets/SYPrintEngine.h"
 #include "outside/widgets/SYPrintEngineText.h"

@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "outside/widgets/SYDialogTemplate.h"
+#include "outside/widgets/SYMenu.h"
+#include "outside/widgets/SYPrintEngineText.h"
 #include "resources/SYResourceIds.h"
 
 namespace {
@@ -92,6 +94,44 @@ TEST(SYResourceTemplates, ControlsLieInsideTheDialogWithoutCoveringEachOther) {
                     << "template " << templateId << ": control " << a.id << " '" << a.text
                     << "' covers " << b.id << " '" << b.text << "'";
             }
+        }
+    }
+}
+
+// Characters a control needs beside its caption in a terminal: a check box's "[x] ", a
+// button's brackets, a group box's corners.
+int decoration(SYControlKind kind) {
+    switch (kind) {
+    case SYControlKind::CheckBox:
+    case SYControlKind::RadioButton:
+        return 4;
+    case SYControlKind::Button:
+    case SYControlKind::DefaultButton:
+    case SYControlKind::GroupBox:
+        return 2;
+    default:
+        return 0;
+    }
+}
+
+// A cell of the terminal is 4 dialog units wide and 8 high; captions wrap at blanks.
+TEST(SYResourceTemplates, CaptionsFitTheirControlsInTerminalCells) {
+    for (const int templateId : SYDialogTemplates::Ids()) {
+        const SYDialogTemplate& dialog = *SYDialogTemplates::Find(templateId);
+        EXPECT_LE(printtext::Width(dialog.title) + 4, dialog.cx / 4) << templateId;
+        for (const SYControlTemplate& control : dialog.controls) {
+            if (control.text.empty())
+                continue;
+            const std::string caption = SYMenuItem::Command(0, control.text).PlainText();
+            const int width = control.cx / 4 - decoration(control.kind);
+            const int lines =
+                control.kind == SYControlKind::GroupBox ? 1 : std::max(1, control.cy / 8);
+            const auto wrapped = printtext::Wrap(caption, width);
+            EXPECT_LE(static_cast<int>(wrapped.size()), lines)
+                << "template " << templateId << ": '" << caption << "' in " << width << " x "
+                << lines;
+            for (const std::string& line : wrapped)
+                EXPECT_LE(printtext::Width(line), width) << templateId << ": " << caption;
         }
     }
 }

@@ -25,10 +25,10 @@ std::vector<SYControlTemplate> fileFields(const std::string& verb) {
               SYStyleGroupStart),
         Radio(IDC_RULE_SOME_VERSIONS, verb + " only files with the following settings:", Inner, 51,
               240),
-        CheckBox(IDC_RULE_HAS_TIME, "Modify time:", 26, 67, 60),
+        CheckBox(IDC_RULE_HAS_TIME, "Modify time:", 22, 67, 66),
         DateTime(IDC_RULE_DATE, 90, 65, 70),
         DateTime(IDC_RULE_TIME, 164, 65, 70, SYStyleTimeFormat),
-        CheckBox(IDC_RULE_HAS_SIZE, "Size:", 26, 83, 60),
+        CheckBox(IDC_RULE_HAS_SIZE, "Size:", 22, 83, 66),
         Edit(IDC_RULE_SIZE, 90, 81, 90, SYStyleRightAlign),
         Label(IDC_RULE_BYTES_LABEL, "bytes", 184, 83, 30),
     };
@@ -82,12 +82,12 @@ SYDialogTemplate ignoreApp() {
         Text(IDC_STATIC,
              "Ignoring an application causes all of the application's files to be ignored.  "
              "The list of files that will be ignored is shown below.",
-             34, 7, 259, 16),
+             34, 7, 259, 24),
         Text(IDC_STATIC,
              "If you want to include a comment to be attached to each of the ignored files, "
              "please type it here:",
-             34, 29, 259, 16),
-        MultiLineEdit(IDC_IGNORE_APP_COMMENT, 34, 49, 259, 40),
+             34, 33, 259, 16),
+        MultiLineEdit(IDC_IGNORE_APP_COMMENT, 34, 51, 259, 40),
         Group(IDC_IGNORE_APP_FILES_GROUP, "Files to ignore", Margin, 96, Width - 2 * Margin, 124),
         List(IDC_IGNORE_APP_FILE_LIST, Inner, 108, Width - 2 * Inner, 106),
     };
@@ -132,8 +132,8 @@ SYDialogTemplate appFileGeneral() {
                  SYStyleReadOnly | hidden),
             {IDC_FILE_RULE_TEXT, SYControlKind::TextWindow, "", Inner, 128, Width - 2 * Inner, 40,
              hidden},
-            Button(IDC_FILE_IDENTIFY, "Identify File...", Margin, 184, 70),
-            Button(IDC_FILE_IGNORE, "Ignore File...", Margin + 76, 184, 70),
+            Button(IDC_FILE_IDENTIFY, "Identify File...", Margin, 184, 76),
+            Button(IDC_FILE_IGNORE, "Ignore File...", Margin + 80, 184, 76),
         }};
 }
 
