@@ -12,8 +12,7 @@ class SYTestCreatable : public CObject {
 };
 SY_IMPLEMENT_DYNCREATE(SYTestCreatable, CObject)
 
-TEST(SYStrICmp, LowersAsciiOnlyAndKeepsTheCLibrarySign)
-{
+TEST(SYStrICmp, LowersAsciiOnlyAndKeepsTheCLibrarySign) {
     EXPECT_EQ(SYStrICmp("Setup.EXE", "setup.exe"), 0);
     EXPECT_LT(SYStrICmp("abc", "ABD"), 0);
     EXPECT_GT(SYStrICmp("abc", "AB"), 0);
@@ -25,8 +24,7 @@ TEST(SYStrICmp, LowersAsciiOnlyAndKeepsTheCLibrarySign)
     EXPECT_GT(SYStrICmp("\xC3\x89", "z"), 0);
 }
 
-TEST(SYTimeChecker, EqualIgnoreSecondsAgreesWithinTheMinuteOnly)
-{
+TEST(SYTimeChecker, EqualIgnoreSecondsAgreesWithinTheMinuteOnly) {
     const CTime base(2024, 3, 5, 10, 15, 0);
     EXPECT_TRUE(SYTimeChecker::EqualIgnoreSeconds(base, CTime(base.GetTime() + 59)));
     EXPECT_FALSE(SYTimeChecker::EqualIgnoreSeconds(base, CTime(base.GetTime() + 60)));
@@ -39,8 +37,7 @@ TEST(SYTimeChecker, EqualIgnoreSecondsAgreesWithinTheMinuteOnly)
     EXPECT_FALSE(SYTimeChecker::EqualIgnoreSeconds(CTime(-60), CTime(-61)));
 }
 
-TEST(CTime, LocalFieldsRoundTrip)
-{
+TEST(CTime, LocalFieldsRoundTrip) {
     const CTime t(1999, 12, 31, 23, 59, 58);
     EXPECT_EQ(t.GetYear(), 1999);
     EXPECT_EQ(t.GetMonth(), 12);
@@ -52,8 +49,7 @@ TEST(CTime, LocalFieldsRoundTrip)
     EXPECT_EQ(CTime(2100, 1, 1, 0, 0, 0).GetTime(), 0) << "beyond 32 bits means no time";
 }
 
-TEST(SYRuntimeClass, CreatesByNameAndKnowsItsBase)
-{
+TEST(SYRuntimeClass, CreatesByNameAndKnowsItsBase) {
     auto object = SYRuntimeClass::CreateObject("SYTestCreatable");
     ASSERT_NE(object, nullptr);
     EXPECT_TRUE(object->IsKindOf(SY_RUNTIME_CLASS(SYTestCreatable)));

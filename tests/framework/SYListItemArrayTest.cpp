@@ -8,8 +8,7 @@ namespace {
 
 struct ValueItem : SYListItem {
     explicit ValueItem(int v, SYListItemArray* array = nullptr) : SYListItem(array), value(v) {}
-    int CompareTo(const SYListItem* item, int /*column*/, int ascending) const override
-    {
+    int CompareTo(const SYListItem* item, int /*column*/, int ascending) const override {
         const auto* peer = dynamic_cast<const ValueItem*>(item);
         if (peer == nullptr)
             return 1;
@@ -26,8 +25,7 @@ struct LiarItem : SYListItem {
     int CompareTo(const SYListItem*, int, int) const override { return -1; }
 };
 
-std::vector<int> values(const SYListItemArray& array)
-{
+std::vector<int> values(const SYListItemArray& array) {
     std::vector<int> result;
     for (int i = 0; i < array.GetSize(); ++i) {
         auto* item = static_cast<ValueItem*>(array.GetAt(i));
@@ -36,8 +34,7 @@ std::vector<int> values(const SYListItemArray& array)
     return result;
 }
 
-TEST(SYListItemArray, SortsBothWaysAndKeepsEmptySlotsLast)
-{
+TEST(SYListItemArray, SortsBothWaysAndKeepsEmptySlotsLast) {
     SYListItemArray array;
     for (int v : {5, 3, 9, 1, 7})
         new ValueItem(v, &array);
@@ -49,20 +46,19 @@ TEST(SYListItemArray, SortsBothWaysAndKeepsEmptySlotsLast)
     EXPECT_EQ(values(array), (std::vector<int>{9, 7, 5, 3, 2, 1, -1}));
 }
 
-TEST(SYListItemArray, InconsistentComparisonsStillGiveEveryItemOnce)
-{
+TEST(SYListItemArray, InconsistentComparisonsStillGiveEveryItemOnce) {
     SYListItemArray array;
     std::vector<SYListItem*> made;
     for (int i = 0; i < 37; ++i)
-        made.push_back(i % 2 ? static_cast<SYListItem*>(new LiarItem(&array)) : new ValueItem(i, &array));
+        made.push_back(i % 2 ? static_cast<SYListItem*>(new LiarItem(&array))
+                             : new ValueItem(i, &array));
     array.SortArray(0, 1);
     ASSERT_EQ(array.GetSize(), 37);
     for (SYListItem* item : made)
         EXPECT_NE(array.Find(item), -1);
 }
 
-TEST(SYListItemArray, OwnsAndDetaches)
-{
+TEST(SYListItemArray, OwnsAndDetaches) {
     SYListItemArray array;
     auto* kept = new ValueItem(1, &array);
     new ValueItem(2, &array);

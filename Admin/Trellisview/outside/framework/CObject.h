@@ -51,11 +51,17 @@ public:                                                                         
 
 #define SY_IMPLEMENT_DYNAMIC(cls, base)                                                            \
     const SYRuntimeClass cls::class##cls = {#cls, SY_RUNTIME_CLASS(base), nullptr};                \
-    const SYRuntimeClass* cls::GetRuntimeClass() const { return SY_RUNTIME_CLASS(cls); }           \
+    const SYRuntimeClass* cls::GetRuntimeClass() const {                                           \
+        return SY_RUNTIME_CLASS(cls);                                                              \
+    }                                                                                              \
     static const SYRuntimeClassRegistrar syRegistrar##cls(SY_RUNTIME_CLASS(cls));
 
 #define SY_IMPLEMENT_DYNCREATE(cls, base)                                                          \
-    CObject* cls::CreateObject() { return new cls; }                                               \
+    CObject* cls::CreateObject() {                                                                 \
+        return new cls;                                                                            \
+    }                                                                                              \
     const SYRuntimeClass cls::class##cls = {#cls, SY_RUNTIME_CLASS(base), &cls::CreateObject};     \
-    const SYRuntimeClass* cls::GetRuntimeClass() const { return SY_RUNTIME_CLASS(cls); }           \
+    const SYRuntimeClass* cls::GetRuntimeClass() const {                                           \
+        return SY_RUNTIME_CLASS(cls);                                                              \
+    }                                                                                              \
     static const SYRuntimeClassRegistrar syRegistrar##cls(SY_RUNTIME_CLASS(cls));

@@ -3,8 +3,7 @@
 #include <ctime>
 #include <limits>
 
-CTime::CTime(int year, int month, int day, int hour, int minute, int second)
-{
+CTime::CTime(int year, int month, int day, int hour, int minute, int second) {
     std::tm tm{};
     tm.tm_year = year - 1900;
     tm.tm_mon = month - 1;
@@ -16,27 +15,38 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second)
     const std::time_t t = std::mktime(&tm);
     if (t == static_cast<std::time_t>(-1) && !(year == 1969 && month == 12 && day == 31))
         return;
-    if (t < std::numeric_limits<std::int32_t>::min() || t > std::numeric_limits<std::int32_t>::max())
+    if (t < std::numeric_limits<std::int32_t>::min() ||
+        t > std::numeric_limits<std::int32_t>::max())
         return;
     m_time = static_cast<std::int32_t>(t);
 }
 
-CTime::Fields CTime::Local() const
-{
+CTime::Fields CTime::Local() const {
     const std::time_t t = m_time;
     std::tm tm{};
     localtime_r(&t, &tm);
     return {tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday, tm.tm_hour, tm.tm_min, tm.tm_sec};
 }
 
-int CTime::GetYear() const { return Local().year; }
-int CTime::GetMonth() const { return Local().month; }
-int CTime::GetDay() const { return Local().day; }
-int CTime::GetHour() const { return Local().hour; }
-int CTime::GetMinute() const { return Local().minute; }
-int CTime::GetSecond() const { return Local().second; }
+int CTime::GetYear() const {
+    return Local().year;
+}
+int CTime::GetMonth() const {
+    return Local().month;
+}
+int CTime::GetDay() const {
+    return Local().day;
+}
+int CTime::GetHour() const {
+    return Local().hour;
+}
+int CTime::GetMinute() const {
+    return Local().minute;
+}
+int CTime::GetSecond() const {
+    return Local().second;
+}
 
-std::int64_t CTime::LocalMinute() const
-{
+std::int64_t CTime::LocalMinute() const {
     return static_cast<std::int64_t>(m_time) - Local().second;
 }

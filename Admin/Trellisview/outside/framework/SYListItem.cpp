@@ -2,8 +2,7 @@
 
 #include "outside/framework/SYListItemArray.h"
 
-SYListItem::SYListItem(SYListItemArray* array) : m_array(array)
-{
+SYListItem::SYListItem(SYListItemArray* array) : m_array(array) {
     if (array != nullptr)
         array->Add(this);
 }
@@ -11,13 +10,11 @@ SYListItem::SYListItem(SYListItemArray* array) : m_array(array)
 // A copy is a free item: it belongs to no array until one takes it.
 SYListItem::SYListItem(const SYListItem& other) : CObject(other) {}
 
-SYListItem& SYListItem::operator=(const SYListItem& other)
-{
+SYListItem& SYListItem::operator=(const SYListItem& other) {
     CObject::operator=(other);
     return *this;
 }
 
-int SYListItem::CompareTo(const SYListItem* /*item*/, int /*column*/, int /*ascending*/) const
-{
+int SYListItem::CompareTo(const SYListItem* /*item*/, int /*column*/, int /*ascending*/) const {
     return 0;
 }

@@ -2,20 +2,17 @@
 
 #include <algorithm>
 
-SYListItemArray::~SYListItemArray()
-{
+SYListItemArray::~SYListItemArray() {
     RemoveAll();
 }
 
-SYListItem* SYListItemArray::GetAt(int index) const
-{
+SYListItem* SYListItemArray::GetAt(int index) const {
     if (index < 0 || index >= GetSize())
         return nullptr;
     return m_items[static_cast<std::size_t>(index)];
 }
 
-int SYListItemArray::Add(SYListItem* item)
-{
+int SYListItemArray::Add(SYListItem* item) {
     if (item != nullptr && std::find(m_items.begin(), m_items.end(), item) != m_items.end())
         return Find(item);
     m_items.push_back(item);
@@ -24,14 +21,12 @@ int SYListItemArray::Add(SYListItem* item)
     return GetSize() - 1;
 }
 
-SYListItem* SYListItemArray::Adopt(SYListItem* item)
-{
+SYListItem* SYListItemArray::Adopt(SYListItem* item) {
     Add(item);
     return item;
 }
 
-void SYListItemArray::SetAt(int index, SYListItem* item)
-{
+void SYListItemArray::SetAt(int index, SYListItem* item) {
     if (index < 0 || index >= GetSize())
         return;
     SYListItem*& slot = m_items[static_cast<std::size_t>(index)];
@@ -43,8 +38,7 @@ void SYListItemArray::SetAt(int index, SYListItem* item)
         item->SetArray(this);
 }
 
-void SYListItemArray::SetSize(int size)
-{
+void SYListItemArray::SetSize(int size) {
     if (size < 0)
         size = 0;
     while (GetSize() > size)
@@ -52,13 +46,11 @@ void SYListItemArray::SetSize(int size)
     m_items.resize(static_cast<std::size_t>(size), nullptr);
 }
 
-void SYListItemArray::RemoveAt(int index)
-{
+void SYListItemArray::RemoveAt(int index) {
     delete Detach(index);
 }
 
-SYListItem* SYListItemArray::Detach(int index)
-{
+SYListItem* SYListItemArray::Detach(int index) {
     if (index < 0 || index >= GetSize())
         return nullptr;
     SYListItem* item = m_items[static_cast<std::size_t>(index)];
@@ -68,14 +60,12 @@ SYListItem* SYListItemArray::Detach(int index)
     return item;
 }
 
-int SYListItemArray::Find(const SYListItem* item) const
-{
+int SYListItemArray::Find(const SYListItem* item) const {
     auto it = std::find(m_items.begin(), m_items.end(), item);
     return it == m_items.end() ? -1 : static_cast<int>(it - m_items.begin());
 }
 
-void SYListItemArray::RemoveAll()
-{
+void SYListItemArray::RemoveAll() {
     std::vector<SYListItem*> items;
     items.swap(m_items);
     for (SYListItem* item : items)
@@ -87,8 +77,7 @@ namespace {
 // Bottom-up merge: each step reads one comparison and takes from the left run unless the
 // right item sorts strictly before, so any answers (even inconsistent ones) give a
 // permutation of the input.
-void mergeSort(std::vector<SYListItem*>& items, int column, int ascending)
-{
+void mergeSort(std::vector<SYListItem*>& items, int column, int ascending) {
     const std::size_t n = items.size();
     std::vector<SYListItem*> buffer(n);
     for (std::size_t width = 1; width < n; width *= 2) {
@@ -115,8 +104,7 @@ void mergeSort(std::vector<SYListItem*>& items, int column, int ascending)
 
 } // namespace
 
-void SYListItemArray::SortArray(int column, int ascending)
-{
+void SYListItemArray::SortArray(int column, int ascending) {
     auto firstEmpty = std::stable_partition(m_items.begin(), m_items.end(),
                                             [](const SYListItem* item) { return item != nullptr; });
     std::vector<SYListItem*> present(m_items.begin(), firstEmpty);

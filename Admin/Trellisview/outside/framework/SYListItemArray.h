@@ -23,7 +23,9 @@ public:
 
     // Takes ownership; gives the new index. A null item makes an empty slot.
     int Add(SYListItem* item);
-    template <class T> T* Add(std::unique_ptr<T> item) { return static_cast<T*>(Adopt(item.release())); }
+    template <class T> T* Add(std::unique_ptr<T> item) {
+        return static_cast<T*>(Adopt(item.release()));
+    }
 
     // Replaces the slot's item, deleting the old one.
     void SetAt(int index, SYListItem* item);

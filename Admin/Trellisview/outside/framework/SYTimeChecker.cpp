@@ -1,7 +1,6 @@
 #include "outside/framework/SYTimeChecker.h"
 
-bool SYTimeChecker::EqualIgnoreSeconds(const CTime& first, const CTime& second)
-{
+bool SYTimeChecker::EqualIgnoreSeconds(const CTime& first, const CTime& second) {
     if (first.IsNull() || second.IsNull())
         return first.IsNull() && second.IsNull();
     return first.LocalMinute() == second.LocalMinute();

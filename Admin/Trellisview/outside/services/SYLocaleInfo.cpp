@@ -2,8 +2,7 @@
 
 #include <cstdio>
 
-std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value)
-{
+std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value) {
     std::string digits = std::to_string(value);
     std::string result;
     result.reserve(digits.size() + digits.size() / 3);
@@ -16,8 +15,7 @@ std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value)
     return result;
 }
 
-std::string SYLocaleInfo::FormatSigned(std::int64_t value)
-{
+std::string SYLocaleInfo::FormatSigned(std::int64_t value) {
     if (value >= 0)
         return FormatUnsigned(static_cast<std::uint64_t>(value));
     // Negate in unsigned arithmetic so the smallest value stays defined.
@@ -25,8 +23,7 @@ std::string SYLocaleInfo::FormatSigned(std::int64_t value)
     return "-" + FormatUnsigned(magnitude);
 }
 
-std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/)
-{
+std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/) {
     if (time.IsNull())
         return {};
     char text[32];
@@ -34,8 +31,7 @@ std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/)
     return text;
 }
 
-std::string SYLocaleInfo::FormatTime(const CTime& time, int /*flags*/)
-{
+std::string SYLocaleInfo::FormatTime(const CTime& time, int /*flags*/) {
     if (time.IsNull())
         return {};
     const int hour = time.GetHour();
@@ -46,8 +42,7 @@ std::string SYLocaleInfo::FormatTime(const CTime& time, int /*flags*/)
     return text;
 }
 
-std::string SYLocaleInfo::FormatDateAndTime(const CTime& time, int dateFlags, int timeFlags)
-{
+std::string SYLocaleInfo::FormatDateAndTime(const CTime& time, int dateFlags, int timeFlags) {
     if (time.IsNull())
         return {};
     return FormatDate(time, dateFlags) + " " + FormatTime(time, timeFlags);

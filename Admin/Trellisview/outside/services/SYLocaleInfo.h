@@ -12,8 +12,7 @@
 class SYLocaleInfo {
 public:
     // Any integer; 64-bit values keep every digit.
-    template <std::integral T> static std::string FormatNumber(T value)
-    {
+    template <std::integral T> static std::string FormatNumber(T value) {
         if constexpr (std::is_signed_v<T>)
             return FormatSigned(static_cast<std::int64_t>(value));
         else

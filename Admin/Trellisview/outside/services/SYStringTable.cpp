@@ -4,21 +4,18 @@
 
 namespace {
 
-std::map<int, std::string>& strings()
-{
+std::map<int, std::string>& strings() {
     static std::map<int, std::string> all;
     return all;
 }
 
 } // namespace
 
-void SYStringTable::Register(int id, const std::string& text)
-{
+void SYStringTable::Register(int id, const std::string& text) {
     strings()[id] = text;
 }
 
-int SYStringTable::Load(int id, std::string& text)
-{
+int SYStringTable::Load(int id, std::string& text) {
     auto it = strings().find(id);
     if (it == strings().end()) {
         text.clear();
@@ -28,15 +25,13 @@ int SYStringTable::Load(int id, std::string& text)
     return 1;
 }
 
-std::string SYStringTable::Get(int id)
-{
+std::string SYStringTable::Get(int id) {
     std::string text;
     Load(id, text);
     return text;
 }
 
-std::vector<int> SYStringTable::Ids()
-{
+std::vector<int> SYStringTable::Ids() {
     std::vector<int> ids;
     for (const auto& [id, text] : strings())
         ids.push_back(id);

@@ -6,8 +6,8 @@
 // Dialog templates are data: the resources register one per dialog and page, and creating a
 // dialog's window makes the controls listed here.
 enum class SYControlKind {
-    Static,       // label or display field
-    Edit,         // single-line edit
+    Static, // label or display field
+    Edit,   // single-line edit
     MultiLineEdit,
     Button,
     DefaultButton,
@@ -34,10 +34,10 @@ enum SYControlStyle : unsigned {
 };
 
 struct SYControlTemplate {
-    int id;             // -1 for an anonymous label
+    int id; // -1 for an anonymous label
     SYControlKind kind;
-    std::string text;   // label, button caption or initial text
-    int x, y, cx, cy;   // rectangle in dialog units
+    std::string text; // label, button caption or initial text
+    int x, y, cx, cy; // rectangle in dialog units
     unsigned style = SYStyleNone;
 };
 
