@@ -26,10 +26,8 @@ constexpr std::int32_t ScanTime = 1614862923;
 // A generated inventory in memory, its installation folder, and one extra file that lies on
 // every Windows PC.
 struct Inventory {
-    explicit Inventory(int clients)
-    {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "tvbench-XXXXXX").string();
+    explicit Inventory(int clients) {
+        std::string pattern = (std::filesystem::temp_directory_path() / "tvbench-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr)
             throw std::runtime_error("no temporary folder");
         folder = pattern;
@@ -43,15 +41,13 @@ struct Inventory {
     }
     Inventory(const Inventory&) = delete;
     Inventory& operator=(const Inventory&) = delete;
-    ~Inventory()
-    {
+    ~Inventory() {
         db.Close();
         std::error_code ignored;
         std::filesystem::remove_all(folder, ignored);
     }
 
-    void AddEverywhereFile()
-    {
+    void AddEverywhereFile() {
         std::vector<unsigned long> machines;
         {
             auto statement = db.Cached("SELECT MachineID FROM Machines");
@@ -70,8 +66,7 @@ struct Inventory {
     }
 
     // Files of the PC inventory spread over the id range, so that loads do not hit one page.
-    void SampleFiles()
-    {
+    void SampleFiles() {
         auto statement = db.Cached("SELECT FileID FROM Files WHERE InvDataType = 0 "
                                    "AND FileID % 37 = 0 ORDER BY FileID LIMIT 256");
         while (statement->Step())
@@ -87,8 +82,7 @@ struct Inventory {
     int pcs = 0;
 };
 
-Inventory& inventory(int clients)
-{
+Inventory& inventory(int clients) {
     static std::map<int, std::unique_ptr<Inventory>> made;
     auto& slot = made[clients];
     if (!slot)
@@ -100,8 +94,7 @@ Inventory& inventory(int clients)
 // One raw statement, prepared once, reset after every use.
 class RawStatement {
 public:
-    RawStatement(sqlite3* db, const char* sql)
-    {
+    RawStatement(sqlite3* db, const char* sql) {
         if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_stmt, nullptr) !=
             SQLITE_OK)
             throw std::runtime_error(sqlite3_errmsg(db));
@@ -113,8 +106,7 @@ public:
     sqlite3_stmt* operator->() const { return m_stmt; }
     sqlite3_stmt* get() const { return m_stmt; }
     // Steps through every row, reading each column as the record would.
-    int Drain()
-    {
+    int Drain() {
         int rows = 0;
         while (sqlite3_step(m_stmt) == SQLITE_ROW) {
             for (int c = 0; c < sqlite3_column_count(m_stmt); ++c)
@@ -129,8 +121,7 @@ private:
     sqlite3_stmt* m_stmt = nullptr;
 };
 
-void BM_AppFileLoadData(benchmark::State& state)
-{
+void BM_AppFileLoadData(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     SYAppFile record;
     record.SetDatabase(&inv.db);
@@ -144,8 +135,7 @@ void BM_AppFileLoadData(benchmark::State& state)
 
 // The same reads LoadData makes: the file with its application, the active rules of its
 // name, and the effective rule among user and system rules of its name and size.
-void BM_AppFileLoadDataRawSQLite(benchmark::State& state)
-{
+void BM_AppFileLoadDataRawSQLite(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     SYAppFile attach;
     attach.SetDatabase(&inv.db);
@@ -189,8 +179,7 @@ void BM_AppFileLoadDataRawSQLite(benchmark::State& state)
 
 // Identifying a file that lies on every PC, through to the inventory; the rule is removed
 // again, untimed, after each round.
-void BM_AddIdRuleAndApply(benchmark::State& state)
-{
+void BM_AddIdRuleAndApply(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         SYSWRule engine;
@@ -220,8 +209,7 @@ void BM_AddIdRuleAndApply(benchmark::State& state)
     state.counters["locations"] = inv.pcs;
 }
 
-void BM_CountLocationsRawSQLite(benchmark::State& state)
-{
+void BM_CountLocationsRawSQLite(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     RawStatement count(inv.db.Handle(), "SELECT COUNT(*) FROM FileLocations WHERE FileID = ?1");
     for (auto _ : state) {
