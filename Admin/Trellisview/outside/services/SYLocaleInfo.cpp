@@ -9,7 +9,7 @@ std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value)
     result.reserve(digits.size() + digits.size() / 3);
     const std::size_t lead = digits.size() % 3;
     for (std::size_t i = 0; i < digits.size(); ++i) {
-        if (i != 0 && (i - lead) % 3 == 0)
+        if (i != 0 && (i + 3 - lead) % 3 == 0)
             result.push_back(',');
         result.push_back(digits[i]);
     }

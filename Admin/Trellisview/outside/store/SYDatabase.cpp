@@ -1,0 +1,192 @@
+#include "outside/store/SYDatabase.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+#include "outside/framework/CException.h"
+#include "outside/store/SYInventorySchema.h"
+#include "outside/store/SYTransaction.h"
+
+namespace {
+
+constexpr int kBusyTimeoutMs = 5000;
+
+// A file name as an SQLite URI path: every byte outside the unreserved set is escaped.
+std::string uriPath(const std::string& path) {
+    static const char* const hex = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool plain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+                           (byte >= '0' && byte <= '9') || c == '/' || c == '-' || c == '_' ||
+                           c == '.' || c == '~';
+        if (plain) {
+            uri.push_back(c);
+            continue;
+        }
+        uri.push_back('%');
+        uri.push_back(hex[byte >> 4]);
+        uri.push_back(hex[byte & 0xF]);
+    }
+    return uri + "?mode=ro";
+}
+
+bool fileHasContent(const std::string& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    return !error && size > 0;
+}
+
+} // namespace
+
+SYDatabase::SYDatabase() = default;
+
+SYDatabase::~SYDatabase() {
+    Close();
+}
+
+void SYDatabase::Fail(int code, const std::string& what) const {
+    const std::string detail = m_db != nullptr ? sqlite3_errmsg(m_db) : sqlite3_errstr(code);
+    throw CDBException(code, what + ": " + detail);
+}
+
+void SYDatabase::OpenConnection(const std::string& path, int flags) {
+    Close();
+    const int rc = sqlite3_open_v2(path.c_str(), &m_db, flags | SQLITE_OPEN_URI, nullptr);
+    if (rc != SQLITE_OK) {
+        const std::string detail = m_db != nullptr ? sqlite3_errmsg(m_db) : sqlite3_errstr(rc);
+        sqlite3_close_v2(m_db);
+        m_db = nullptr;
+        throw CDBException(rc, "Cannot open \"" + path + "\": " + detail);
+    }
+    sqlite3_extended_result_codes(m_db, 0);
+    m_path = path;
+}
+
+void SYDatabase::ConfigureFile() {
+    sqlite3_busy_timeout(m_db, kBusyTimeoutMs);
+    Exec("PRAGMA journal_mode = WAL");
+}
+
+int SYDatabase::Open(const std::string& path) {
+    if (!std::filesystem::exists(path))
+        throw CDBException(SQLITE_CANTOPEN, "The inventory \"" + path + "\" does not exist.");
+    OpenConnection(path, SQLITE_OPEN_READWRITE);
+    try {
+        SYInventorySchema::Check(*this, path);
+        ConfigureFile();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    return 1;
+}
+
+int SYDatabase::Create(const std::string& path, bool withRIMTables) {
+    if (fileHasContent(path))
+        throw CDBException(SQLITE_CANTOPEN, "Cannot create the inventory \"" + path +
+                                                "\": a file of that name exists.");
+    OpenConnection(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    try {
+        ConfigureFile();
+        SYTransaction transaction(*this);
+        SYInventorySchema::Create(*this, withRIMTables);
+        transaction.Commit();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    return 1;
+}
+
+int SYDatabase::OpenMemory(bool withRIMTables) {
+    OpenConnection(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY);
+    SYInventorySchema::Create(*this, withRIMTables);
+    return 1;
+}
+
+void SYDatabase::Close() {
+    if (m_db == nullptr)
+        return;
+    m_cache.clear();
+    sqlite3_close_v2(m_db);
+    m_db = nullptr;
+    m_path.clear();
+    m_systemRulesPath.clear();
+    m_transactionDepth = 0;
+}
+
+void SYDatabase::CheckFault(const std::string& sql) {
+    if (m_faultCountdown == 0 || --m_faultCountdown > 0)
+        return;
+    throw CDBException(m_faultCode, "Injected failure (in: " + sql + ")");
+}
+
+void SYDatabase::FailStatement(int nth, int code) {
+    m_faultCountdown = nth > 0 ? nth : 0;
+    m_faultCode = code;
+}
+
+void SYDatabase::Exec(const std::string& sql) {
+    if (m_db == nullptr)
+        throw CDBException(SQLITE_MISUSE, "The inventory database is not open.");
+    CheckFault(sql);
+    char* message = nullptr;
+    const int rc = sqlite3_exec(m_db, sql.c_str(), nullptr, nullptr, &message);
+    if (rc == SQLITE_OK)
+        return;
+    const std::string detail = message != nullptr ? message : sqlite3_errstr(rc);
+    sqlite3_free(message);
+    throw CDBException(rc, detail + " (in: " + sql + ")");
+}
+
+SYCachedStatement SYDatabase::Cached(const std::string& sql) {
+    auto& entry = m_cache[sql];
+    if (!entry.statement)
+        entry.statement = std::make_unique<SYStatement>(*this, sql);
+    return SYCachedStatement(*entry.statement, entry.inUse);
+}
+
+std::int64_t SYDatabase::LastInsertID() const {
+    return sqlite3_last_insert_rowid(m_db);
+}
+
+int SYDatabase::Changes() const {
+    return sqlite3_changes(m_db);
+}
+
+bool SYDatabase::HaveTable(const std::string& name) {
+    auto statement = Cached("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ?1");
+    statement->Bind(1, name);
+    return statement->Step();
+}
+
+bool SYDatabase::AttachSystemRules(const std::string& nativePath) {
+    if (nativePath == m_systemRulesPath)
+        return true;
+    DetachSystemRules();
+    if (!std::filesystem::is_regular_file(nativePath))
+        return false;
+    if (InTransaction())
+        throw CDBException(SQLITE_MISUSE,
+                           "The system rules database cannot be attached inside a transaction.");
+    SYStatement attach(*this, "ATTACH DATABASE ?1 AS sysrules");
+    attach.Bind(1, uriPath(nativePath));
+    attach.Execute();
+    try {
+        SYInventorySchema::CheckSystemRules(*this, "sysrules", nativePath);
+    } catch (...) {
+        Exec("DETACH DATABASE sysrules");
+        throw;
+    }
+    m_systemRulesPath = nativePath;
+    return true;
+}
+
+void SYDatabase::DetachSystemRules() {
+    if (m_systemRulesPath.empty())
+        return;
+    m_systemRulesPath.clear();
+    Exec("DETACH DATABASE sysrules");
+}

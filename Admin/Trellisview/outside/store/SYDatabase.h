@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "outside/store/SYCachedStatement.h"
+#include "outside/store/SYStatement.h"
+
+struct sqlite3;
+
+// The open inventory store, owned by the console. A thin boundary over the engine: record
+// sets and services speak to it through SYStatement and SYTransaction only.
+//
+// Open refuses a file that is not an inventory or whose schema is newer than this program
+// knows, with a CDBException, before anything is written to it. Files run in WAL mode with
+// a busy timeout, so a scanner can write while a console reads.
+class SYDatabase {
+public:
+    SYDatabase();
+    SYDatabase(const SYDatabase&) = delete;
+    SYDatabase& operator=(const SYDatabase&) = delete;
+    ~SYDatabase();
+
+    // An existing inventory. Nonzero on success; failures throw CDBException.
+    int Open(const std::string& path);
+    // A new, empty inventory at a path where no database stands yet. Without withRIMTables
+    // the store has no "RIM Applications" table, as older stores lack it.
+    int Create(const std::string& path, bool withRIMTables = true);
+    // A new, empty inventory in memory, gone on Close.
+    int OpenMemory(bool withRIMTables = true);
+    void Close();
+
+    bool IsOpen() const { return m_db != nullptr; }
+    const std::string& Path() const { return m_path; }
+
+    // Runs SQL that gives no rows (several statements may be given).
+    void Exec(const std::string& sql);
+    // A statement prepared once per connection, for one use at a time.
+    SYCachedStatement Cached(const std::string& sql);
+    std::int64_t LastInsertID() const;
+    int Changes() const;
+    bool HaveTable(const std::string& name);
+    bool InTransaction() const { return m_transactionDepth > 0; }
+
+    // The system rules database (see SYInventorySchema), attached read-only under the
+    // schema name "sysrules". AttachSystemRules gives false if the file does not exist;
+    // a file that is not a system rules database throws CDBException.
+    bool AttachSystemRules(const std::string& nativePath);
+    void DetachSystemRules();
+    bool HaveSystemRules() const { return !m_systemRulesPath.empty(); }
+    const std::string& SystemRulesPath() const { return m_systemRulesPath; }
+
+    // Fault hook for tests: the nth statement run from now on fails with a CDBException
+    // carrying code. Rollbacks are never failed, so a failed change can always be undone.
+    void FailStatement(int nth = 1, int code = 10);
+    void ClearFault() { m_faultCountdown = 0; }
+
+    // Engine handle for the driver's own classes.
+    sqlite3* Handle() const { return m_db; }
+
+private:
+    friend class SYStatement;
+    friend class SYTransaction;
+
+    void OpenConnection(const std::string& path, int flags);
+    void ConfigureFile();
+    void CheckFault(const std::string& sql);
+    [[noreturn]] void Fail(int code, const std::string& what) const;
+
+    sqlite3* m_db = nullptr;
+    std::string m_path;
+    std::string m_systemRulesPath;
+    struct CacheEntry {
+        std::unique_ptr<SYStatement> statement;
+        bool inUse = false;
+    };
+    std::map<std::string, CacheEntry> m_cache;
+    int m_transactionDepth = 0;
+    int m_faultCountdown = 0;
+    int m_faultCode = 0;
+};

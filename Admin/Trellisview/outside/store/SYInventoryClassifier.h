@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "outside/store/SYRuleResolver.h"
+
+class SYDatabase;
+
+// Keeps the stored verdicts, applications and installations of one inventory (0 or 1) in
+// line with the rules. Used by the inventory writer for new files and by the rule service
+// for rule changes, so both decide alike. Runs inside the caller's transaction.
+class SYInventoryClassifier {
+public:
+    // What the Files row holds about a file's verdict.
+    struct Stored {
+        int state = 0;
+        unsigned long ruleID = 0;
+        int source = -1;
+        unsigned long appID = 0;
+
+        bool operator==(const Stored&) const = default;
+    };
+
+    SYInventoryClassifier(SYDatabase& database, unsigned char invDataType, bool useSystemRules);
+
+    // The verdict on a file, with its application made when the verdict names a new one.
+    Stored Classify(const SYScanFile& file);
+    // Decides every file bearing one of the names again, moves the files whose application
+    // changed, and brings installations and AppInstalled flags in line.
+    void ReclassifyNames(const std::vector<std::string>& names);
+    // The application with these internal names and version; made (not installed) if new.
+    unsigned long FindOrCreateApp(const std::string& company, const std::string& name,
+                                  const std::string& version);
+    // A file of application appID now lies in location on a client.
+    void AddInstallation(unsigned long appID, unsigned long machineID, const std::string& location);
+
+private:
+    struct FileRow {
+        unsigned long fileID = 0;
+        SYScanFile file;
+        Stored stored;
+    };
+
+    void CollectFiles(const std::string& name, std::set<unsigned long>& seen,
+                      std::vector<FileRow>& rows);
+    void CarryMoves();
+
+    SYDatabase& m_database;
+    unsigned char m_invDataType;
+    std::string m_appTable;
+    SYRuleResolver m_resolver;
+    std::map<std::tuple<std::string, std::string, std::string>, unsigned long> m_apps;
+    std::set<unsigned long> m_installedApps;
+};

@@ -1,0 +1,180 @@
+#include "outside/store/SYRecordset.h"
+
+#include "outside/framework/CException.h"
+#include "outside/store/SYDatabase.h"
+
+SYRecordset::SYRecordset(SYDatabase* database) : m_database(database) {
+    if (database == nullptr)
+        throw CInvalidArgException("A record set needs a database.");
+}
+
+SYRecordset::~SYRecordset() = default;
+
+void SYRecordset::BuildQuery(SYSelect& /*select*/) const {
+    throw CInvalidArgException("This record set has no query of its own; open it with an SQL "
+                               "text.");
+}
+
+int SYRecordset::Open(int /*type*/, const char* text, int options) {
+    Close();
+    m_haveText = text != nullptr;
+    m_text = m_haveText ? text : "";
+    m_options = options;
+    Run();
+    return 1;
+}
+
+void SYRecordset::Requery() {
+    if (!IsOpen())
+        throw CDBException(21, "Requery on a record set that is not open.");
+    Run();
+}
+
+void SYRecordset::Run() {
+    SYSelect select;
+    std::string sql = m_text;
+    if (!m_haveText) {
+        BuildQuery(select);
+        sql = select.Sql();
+    }
+    m_eof = 1;
+    m_haveAddedKey = 0;
+    m_writeMode = WriteMode::none;
+    m_pending.clear();
+    if (m_statement && m_statement->Sql() == sql) {
+        m_statement->Reset();
+    } else {
+        m_statement.reset();
+        m_columns.clear();
+        m_statement = std::make_unique<SYStatement>(*m_database, sql);
+        for (int i = 0; i < m_statement->ColumnCount(); ++i)
+            m_columns.emplace(m_statement->ColumnName(i), i);
+    }
+    const auto& parameters = select.Parameters();
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        m_statement->Bind(static_cast<int>(i) + 1, parameters[i]);
+    try {
+        m_eof = m_statement->Step() ? 0 : 1;
+    } catch (...) {
+        m_statement.reset();
+        m_columns.clear();
+        throw;
+    }
+}
+
+void SYRecordset::Close() {
+    m_statement.reset();
+    m_columns.clear();
+    m_eof = 1;
+    m_writeMode = WriteMode::none;
+    m_pending.clear();
+}
+
+void SYRecordset::MoveNext() {
+    if (!IsOpen() || m_eof)
+        throw CDBException(21, "MoveNext past the end of a record set.");
+    m_haveAddedKey = 0;
+    m_eof = m_statement->Step() ? 0 : 1;
+}
+
+int SYRecordset::ColumnOf(const std::string& name) const {
+    if (!IsOpen() || m_eof)
+        throw CDBException(21, "The record set has no current row to read \"" + name + "\" from.");
+    const auto found = m_columns.find(name);
+    if (found == m_columns.end())
+        throw CDBException(1, "The record set has no field \"" + name + "\".");
+    return found->second;
+}
+
+void SYRecordset::GetFieldValue(const std::string& name, std::string& text) const {
+    text = m_statement->IsNull(ColumnOf(name)) ? std::string() : FieldText(name);
+}
+
+bool SYRecordset::FieldIsNull(const std::string& name) const {
+    return m_statement->IsNull(ColumnOf(name));
+}
+
+std::int64_t SYRecordset::FieldInt(const std::string& name) const {
+    return m_statement->Int64(ColumnOf(name));
+}
+
+std::string SYRecordset::FieldText(const std::string& name) const {
+    return m_statement->Text(ColumnOf(name));
+}
+
+void SYRecordset::CheckWritable() const {
+    if (WriteTable() == nullptr)
+        throw CDBException(8, "This record set cannot be written.");
+    if ((m_options & readOnly) != 0)
+        throw CDBException(8, "The record set was opened read-only.");
+}
+
+void SYRecordset::AddNew() {
+    CheckWritable();
+    m_pending.clear();
+    m_writeMode = WriteMode::add;
+    AddNewDefaults();
+}
+
+void SYRecordset::Edit() {
+    CheckWritable();
+    m_editKey = FieldInt(WriteKey());
+    m_pending.clear();
+    m_writeMode = WriteMode::edit;
+}
+
+void SYRecordset::SetField(const std::string& column, SYDbValue value) {
+    if (m_writeMode == WriteMode::none)
+        throw CDBException(21, "Set \"" + column + "\" without AddNew or Edit.");
+    for (auto& [name, pending] : m_pending) {
+        if (name == column) {
+            pending = std::move(value);
+            return;
+        }
+    }
+    m_pending.emplace_back(column, std::move(value));
+}
+
+void SYRecordset::DropPending() {
+    m_pending.clear();
+    m_writeMode = WriteMode::none;
+}
+
+void SYRecordset::WritePending() {
+    const std::string table = WriteTable() != nullptr ? WriteTable() : "";
+    std::string sql;
+    if (m_writeMode == WriteMode::add) {
+        std::string columns;
+        std::string values;
+        for (const auto& [name, value] : m_pending) {
+            columns += (columns.empty() ? "" : ", ") + name;
+            values += values.empty() ? "?" : ", ?";
+        }
+        sql = columns.empty()
+                  ? "INSERT INTO " + table + " DEFAULT VALUES"
+                  : "INSERT INTO " + table + " (" + columns + ") VALUES (" + values + ")";
+    } else if (m_writeMode == WriteMode::edit) {
+        if (m_pending.empty()) {
+            DropPending();
+            return;
+        }
+        std::string assignments;
+        for (const auto& [name, value] : m_pending)
+            assignments += (assignments.empty() ? "" : ", ") + name + " = ?";
+        sql = "UPDATE " + table + " SET " + assignments + " WHERE " + WriteKey() + " = ?";
+    } else {
+        throw CDBException(21, "Update without AddNew or Edit.");
+    }
+    auto statement = m_database->Cached(sql);
+    int index = 1;
+    for (const auto& [name, value] : m_pending)
+        statement->Bind(index++, value);
+    if (m_writeMode == WriteMode::edit)
+        statement->Bind(index, m_editKey);
+    statement->Execute();
+    if (m_writeMode == WriteMode::add) {
+        m_addedKey = m_database->LastInsertID();
+        m_haveAddedKey = 1;
+    }
+    DropPending();
+}

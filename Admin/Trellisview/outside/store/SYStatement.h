@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+struct sqlite3_stmt;
+class SYDatabase;
+
+// A value handed to or read from the store: none (SQL NULL), an integer or a text.
+using SYDbValue = std::variant<std::monostate, std::int64_t, std::string>;
+
+// One prepared statement of the store's engine. Parameters are numbered from 1, columns
+// from 0. Every failure arrives as a CDBException that names the statement.
+class SYStatement {
+public:
+    SYStatement(SYDatabase& database, const std::string& sql);
+    SYStatement(const SYStatement&) = delete;
+    SYStatement& operator=(const SYStatement&) = delete;
+    ~SYStatement();
+
+    SYStatement& Bind(int index, std::int64_t value);
+    SYStatement& Bind(int index, const std::string& value);
+    SYStatement& Bind(int index, const SYDbValue& value);
+    SYStatement& BindNull(int index);
+
+    // Runs the statement up to its next row: true if a row stands, false at the end.
+    bool Step();
+    // Runs a statement that gives no rows.
+    void Execute();
+    // Back to the start, parameters cleared, ready for the next run.
+    void Reset();
+
+    int ColumnCount() const;
+    std::string ColumnName(int column) const;
+    // -1 if no column has this name.
+    int ColumnIndex(const std::string& name) const;
+    bool IsNull(int column) const;
+    std::int64_t Int64(int column) const;
+    std::string Text(int column) const;
+    SYDbValue Value(int column) const;
+
+    const std::string& Sql() const { return m_sql; }
+
+private:
+    [[noreturn]] void Fail(int code) const;
+
+    SYDatabase& m_database;
+    sqlite3_stmt* m_stmt = nullptr;
+    std::string m_sql;
+    bool m_running = false;
+};

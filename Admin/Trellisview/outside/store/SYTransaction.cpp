@@ -1,0 +1,41 @@
+#include "outside/store/SYTransaction.h"
+
+#include <sqlite3.h>
+
+#include <string>
+
+#include "outside/store/SYDatabase.h"
+
+namespace {
+
+std::string savepoint(int level) {
+    return "sy_savepoint_" + std::to_string(level);
+}
+
+} // namespace
+
+SYTransaction::SYTransaction(SYDatabase& database)
+    : m_database(database), m_level(database.m_transactionDepth) {
+    database.Exec(m_level == 0 ? std::string("BEGIN IMMEDIATE")
+                               : "SAVEPOINT " + savepoint(m_level));
+    ++database.m_transactionDepth;
+}
+
+void SYTransaction::Commit() {
+    if (m_done)
+        return;
+    m_database.Exec(m_level == 0 ? std::string("COMMIT") : "RELEASE " + savepoint(m_level));
+    m_done = true;
+    --m_database.m_transactionDepth;
+}
+
+SYTransaction::~SYTransaction() {
+    if (m_done)
+        return;
+    // Undoing bypasses the fault hook: a failed change must always be reversible.
+    const std::string sql =
+        m_level == 0 ? std::string("ROLLBACK")
+                     : "ROLLBACK TO " + savepoint(m_level) + "; RELEASE " + savepoint(m_level);
+    sqlite3_exec(m_database.Handle(), sql.c_str(), nullptr, nullptr, nullptr);
+    --m_database.m_transactionDepth;
+}
