@@ -30,28 +30,24 @@ constexpr unsigned TreeMaskColour = 0x808000;
 constexpr const char* Placeholder = "<>";
 constexpr const char* RIMTable = "RIM Applications";
 
-std::string appNodeText(const SYAppItem& app)
-{
+std::string appNodeText(const SYAppItem& app) {
     if (app.AppVersion().empty())
         return app.AppName();
     return SYFormatText(SYStringTable::Get(SYInvStrings::AppNameVersion),
                         {app.AppName(), app.AppVersion()});
 }
 
-std::string rootLabel(int stringId, const std::string& count)
-{
+std::string rootLabel(int stringId, const std::string& count) {
     return SYFormatText(SYStringTable::Get(stringId), {count});
 }
 
 // The search compares a lower-cased copy of the row's value with the lower-cased text.
-bool containsText(const std::string& value, const std::string& lowerText)
-{
+bool containsText(const std::string& value, const std::string& lowerText) {
     return SYToLower(value).find(lowerText) != std::string::npos;
 }
 
 // Moves past every row of the company that stands at the set's current row.
-void skipCompanyRun(SYAppCompanySet& set)
-{
+void skipCompanyRun(SYAppCompanySet& set) {
     const std::string internal = set.AppCompanyInternal();
     while (!set.IsEOF() && SYStrICmp(set.AppCompanyInternal(), internal) == 0)
         set.MoveNext();
@@ -63,8 +59,7 @@ SYInvTreeWnd::SYInvTreeWnd() = default;
 
 SYInvTreeWnd::~SYInvTreeWnd() = default;
 
-int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent)
-{
+int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent) {
     const int result = SYTreeHeaderWnd::Initialize(id, parent);
     if (result == 0)
         return 0;
@@ -73,60 +68,44 @@ int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent)
     return result;
 }
 
-SYDatabase& SYInvTreeWnd::Db() const
-{
-    if (Database() == nullptr)
-        throw CInvalidArgException("The inventory tree has no database.");
-    return *Database();
-}
-
 // --- node kinds and selection -------------------------------------------------------
 
-int SYInvTreeWnd::HasImage(HTREEITEM node, int image) const
-{
+int SYInvTreeWnd::HasImage(HTREEITEM node, int image) const {
     return node != nullptr && Tree().GetItemImage(node) == image;
 }
 
-int SYInvTreeWnd::IsItemCompany(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemCompany(HTREEITEM node) const {
     return HasImage(node, ImageCompany);
 }
 
-int SYInvTreeWnd::IsItemApplication(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemApplication(HTREEITEM node) const {
     return HasImage(node, ImageApplication);
 }
 
-int SYInvTreeWnd::IsItemPPCCompany(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemPPCCompany(HTREEITEM node) const {
     return HasImage(node, ImagePPCCompany);
 }
 
-int SYInvTreeWnd::IsItemPPCApplication(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemPPCApplication(HTREEITEM node) const {
     return HasImage(node, ImagePPCApp);
 }
 
-int SYInvTreeWnd::IsItemPalmApplication(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemPalmApplication(HTREEITEM node) const {
     return HasImage(node, ImagePalmApp);
 }
 
-int SYInvTreeWnd::IsItemRIMApplication(HTREEITEM node) const
-{
+int SYInvTreeWnd::IsItemRIMApplication(HTREEITEM node) const {
     return HasImage(node, ImageRIMApp);
 }
 
-SYCompanyItem* SYInvTreeWnd::CompanyOf(HTREEITEM node) const
-{
+SYCompanyItem* SYInvTreeWnd::CompanyOf(HTREEITEM node) const {
     if (!IsItemCompany(node) && !IsItemPPCCompany(node))
         return nullptr;
     const auto index = static_cast<int>(Tree().GetItemData(node));
     return static_cast<SYCompanyItem*>(m_companies.GetAt(index));
 }
 
-int SYInvTreeWnd::GetSelectedCompany(std::string& name) const
-{
+int SYInvTreeWnd::GetSelectedCompany(std::string& name) const {
     const SYCompanyItem* company = CompanyOf(Tree().GetSelectedItem());
     if (company == nullptr)
         return 0;
@@ -134,8 +113,7 @@ int SYInvTreeWnd::GetSelectedCompany(std::string& name) const
     return 1;
 }
 
-int SYInvTreeWnd::GetSelectedCompanyDisplayName(std::string& name) const
-{
+int SYInvTreeWnd::GetSelectedCompanyDisplayName(std::string& name) const {
     const SYCompanyItem* company = CompanyOf(Tree().GetSelectedItem());
     if (company == nullptr)
         return 0;
@@ -143,31 +121,26 @@ int SYInvTreeWnd::GetSelectedCompanyDisplayName(std::string& name) const
     return 1;
 }
 
-std::uint32_t SYInvTreeWnd::SelectedDataFor(int image, int otherImage) const
-{
+std::uint32_t SYInvTreeWnd::SelectedDataFor(int image, int otherImage) const {
     const HTREEITEM node = Tree().GetSelectedItem();
     if (!HasImage(node, image) && !HasImage(node, otherImage))
         return 0;
     return Tree().GetItemData(node);
 }
 
-std::uint32_t SYInvTreeWnd::GetSelectedAppID() const
-{
+std::uint32_t SYInvTreeWnd::GetSelectedAppID() const {
     return SelectedDataFor(ImageApplication, ImagePPCApp);
 }
 
-std::int32_t SYInvTreeWnd::GetSelectedPalmAppID() const
-{
+std::int32_t SYInvTreeWnd::GetSelectedPalmAppID() const {
     return static_cast<std::int32_t>(SelectedDataFor(ImagePalmApp, ImagePalmApp));
 }
 
-std::int32_t SYInvTreeWnd::GetSelectedRIMAppID() const
-{
+std::int32_t SYInvTreeWnd::GetSelectedRIMAppID() const {
     return static_cast<std::int32_t>(SelectedDataFor(ImageRIMApp, ImageRIMApp));
 }
 
-int SYInvTreeWnd::SelectCompany(const std::string& name, HTREEITEM root)
-{
+int SYInvTreeWnd::SelectCompany(const std::string& name, HTREEITEM root) {
     if (root == nullptr)
         return 0;
     const int image = root == m_ppcAppsItem ? ImagePPCCompany : ImageCompany;
@@ -180,8 +153,7 @@ int SYInvTreeWnd::SelectCompany(const std::string& name, HTREEITEM root)
     return 1;
 }
 
-int SYInvTreeWnd::SelectChild(HTREEITEM parent, std::uint32_t id, int image, int otherImage)
-{
+int SYInvTreeWnd::SelectChild(HTREEITEM parent, std::uint32_t id, int image, int otherImage) {
     SYTreeCtrlEx& tree = Tree();
     if (parent == nullptr)
         parent = tree.GetSelectedItem();
@@ -199,33 +171,28 @@ int SYInvTreeWnd::SelectChild(HTREEITEM parent, std::uint32_t id, int image, int
     return 0;
 }
 
-int SYInvTreeWnd::SelectApplication(std::uint32_t id, HTREEITEM parent)
-{
+int SYInvTreeWnd::SelectApplication(std::uint32_t id, HTREEITEM parent) {
     return SelectChild(parent, id, ImageApplication, ImagePPCApp);
 }
 
-int SYInvTreeWnd::SelectPalmApplication(std::int32_t id, HTREEITEM parent)
-{
+int SYInvTreeWnd::SelectPalmApplication(std::int32_t id, HTREEITEM parent) {
     return SelectChild(parent, static_cast<std::uint32_t>(id), ImagePalmApp, ImagePalmApp);
 }
 
-int SYInvTreeWnd::SelectRIMApplication(std::int32_t id, HTREEITEM parent)
-{
+int SYInvTreeWnd::SelectRIMApplication(std::int32_t id, HTREEITEM parent) {
     return SelectChild(parent, static_cast<std::uint32_t>(id), ImageRIMApp, ImageRIMApp);
 }
 
 // --- building and updating ----------------------------------------------------------
 
-void SYInvTreeWnd::CheckBuildItem(HTREEITEM node)
-{
+void SYInvTreeWnd::CheckBuildItem(HTREEITEM node) {
     if (node == nullptr || (Tree().GetItemState(node, TVIS_EXPANDEDONCE) & TVIS_EXPANDEDONCE))
         return;
     if (IsItemCompany(node) || IsItemPPCCompany(node))
         BuildApps(node, 0);
 }
 
-void SYInvTreeWnd::UpdateTree()
-{
+void SYInvTreeWnd::UpdateTree() {
     SYWaitCursor wait;
     UpdatePalmApps();
     UpdatePPCData();
@@ -235,8 +202,7 @@ void SYInvTreeWnd::UpdateTree()
         Tree().SelectItem(Tree().GetRootItem());
 }
 
-void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node)
-{
+void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node) {
     SYTreeCtrlEx& tree = Tree();
     tree.DeleteChildren(node);
     tree.InsertItem(Placeholder, ImageApplication, ImageApplication, node, TVI_LAST);
@@ -244,15 +210,13 @@ void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node)
 }
 
 void SYInvTreeWnd::BuildAppData(SYListItemArray& apps, const std::string& company,
-                                std::uint8_t platform)
-{
+                                std::uint8_t platform) {
     SYAppItem scratch;
-    scratch.SetAppType(platform == InvDataPPC ? SYAppItem::AppTypePPC
-                                              : SYAppItem::AppTypeWindows);
+    scratch.SetAppType(platform == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows);
     apps.RemoveAll();
     try {
         SYAppEnum enumerator;
-        enumerator.SetDatabase(&Db());
+        enumerator.SetDatabase(Database());
         enumerator.InvDataType = platform;
         enumerator.SetCompanyName(company);
         if (enumerator.BeginEnumApps()) {
@@ -272,8 +236,7 @@ void SYInvTreeWnd::BuildAppData(SYListItemArray& apps, const std::string& compan
     apps.SortArray(0, 1);
 }
 
-void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection)
-{
+void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
     SYWaitCursor wait;
     const bool ppc = IsItemPPCCompany(node) != 0;
     if (!ppc && !IsItemCompany(node))
@@ -283,8 +246,8 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection)
 
     // An application is known again by its text: a rebuilt row may carry a new id.
     const HTREEITEM selected = tree.GetSelectedItem();
-    const bool haveText = selected != nullptr && tree.GetParentItem(selected) == node &&
-                          HasImage(selected, appImage);
+    const bool haveText =
+        selected != nullptr && tree.GetParentItem(selected) == node && HasImage(selected, appImage);
     const std::string selectedText = haveText ? tree.GetItemText(selected) : std::string();
 
     const SYCompanyItem* company = CompanyOf(node);
@@ -301,8 +264,7 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection)
         if (app == nullptr)
             continue;
         const std::string text = appNodeText(*app);
-        const int image =
-            app->AppType() == SYAppItem::AppTypePPC ? ImagePPCApp : ImageApplication;
+        const int image = app->AppType() == SYAppItem::AppTypePPC ? ImagePPCApp : ImageApplication;
         const HTREEITEM child = tree.InsertItem(text, image, image, node, TVI_LAST);
         if (child == nullptr)
             continue;
@@ -318,9 +280,9 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection)
 }
 
 HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const std::string& display,
-                                      const std::string& internal, std::uint8_t platform)
-{
-    const std::string text = display.empty() ? SYStringTable::Get(SYInvStrings::NoCompany) : display;
+                                      const std::string& internal, std::uint8_t platform) {
+    const std::string text =
+        display.empty() ? SYStringTable::Get(SYInvStrings::NoCompany) : display;
     const int image = platform == InvDataPPC ? ImagePPCCompany : ImageCompany;
     const HTREEITEM node = Tree().InsertItem(text, image, image, root, after);
     if (node == nullptr)
@@ -333,8 +295,7 @@ HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const std
     return node;
 }
 
-HTREEITEM SYInvTreeWnd::DropCompany(HTREEITEM node)
-{
+HTREEITEM SYInvTreeWnd::DropCompany(HTREEITEM node) {
     const HTREEITEM next = Tree().GetNextSiblingItem(node);
     // The slot stays, empty, so that the indexes other nodes hold keep their meaning.
     if (CompanyOf(node) != nullptr)
@@ -343,12 +304,11 @@ HTREEITEM SYInvTreeWnd::DropCompany(HTREEITEM node)
     return next;
 }
 
-void SYInvTreeWnd::UpdateApps(HTREEITEM root, std::uint8_t platform)
-{
+void SYInvTreeWnd::UpdateApps(HTREEITEM root, std::uint8_t platform) {
     SYTreeCtrlEx& tree = Tree();
     const int companyImage = platform == InvDataPPC ? ImagePPCCompany : ImageCompany;
     try {
-        SYAppCompanySet set(Db());
+        SYAppCompanySet set(Database());
         set.InvDataType = platform;
         set.Open();
         // Both sides run in ascending order of the internal company name: one pass merges.
@@ -402,8 +362,7 @@ void SYInvTreeWnd::UpdateApps(HTREEITEM root, std::uint8_t platform)
     }
 }
 
-HTREEITEM SYInvTreeWnd::FindAppNode(std::uint32_t appID, bool cePlatform)
-{
+HTREEITEM SYInvTreeWnd::FindAppNode(std::uint32_t appID, bool cePlatform) {
     SYTreeCtrlEx& tree = Tree();
     const HTREEITEM root = cePlatform ? m_ppcAppsItem : m_appsItem;
     if (root == nullptr)
@@ -433,8 +392,7 @@ HTREEITEM SYInvTreeWnd::FindAppNode(std::uint32_t appID, bool cePlatform)
     return nullptr;
 }
 
-void SYInvTreeWnd::DeleteSelectedNode(HTREEITEM node)
-{
+void SYInvTreeWnd::DeleteSelectedNode(HTREEITEM node) {
     SYTreeCtrlEx& tree = Tree();
     HTREEITEM target = tree.GetNextSiblingItem(node);
     if (target == nullptr)
@@ -449,8 +407,7 @@ void SYInvTreeWnd::DeleteSelectedNode(HTREEITEM node)
     tree.Invalidate(0);
 }
 
-void SYInvTreeWnd::IgnoreApplication(std::uint32_t appID, std::uint8_t platform)
-{
+void SYInvTreeWnd::IgnoreApplication(std::uint32_t appID, std::uint8_t platform) {
     if (appID == 0)
         return;
     const HTREEITEM selected = Tree().GetSelectedItem();
@@ -466,20 +423,17 @@ void SYInvTreeWnd::IgnoreApplication(std::uint32_t appID, std::uint8_t platform)
 
 // --- device branches ------------------------------------------------------------------
 
-HTREEITEM SYInvTreeWnd::InsertRoot(const std::string& text, int image, HTREEITEM after)
-{
+HTREEITEM SYInvTreeWnd::InsertRoot(const std::string& text, int image, HTREEITEM after) {
     return Tree().InsertItem(text, image, image, TVI_ROOT, after != nullptr ? after : TVI_LAST);
 }
 
-std::int32_t SYInvTreeWnd::SelectedFlatAppID(int image) const
-{
+std::int32_t SYInvTreeWnd::SelectedFlatAppID(int image) const {
     const HTREEITEM selected = Tree().GetSelectedItem();
     return HasImage(selected, image) ? static_cast<std::int32_t>(Tree().GetItemData(selected)) : 0;
 }
 
 void SYInvTreeWnd::RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int image,
-                                     std::int32_t oldID, HTREEITEM fallback)
-{
+                                     std::int32_t oldID, HTREEITEM fallback) {
     SYTreeCtrlEx& tree = Tree();
     apps.SortArray(0, 1);
     tree.DeleteChildren(root);
@@ -506,8 +460,7 @@ void SYInvTreeWnd::RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int 
     tree.Invalidate(0);
 }
 
-void SYInvTreeWnd::UpdatePalmApps()
-{
+void SYInvTreeWnd::UpdatePalmApps() {
     if (m_palmAppsItem == nullptr)
         m_palmAppsItem =
             InsertRoot(rootLabel(SYInvStrings::PalmAppsRoot, "0"), ImagePalmRoot, TVI_LAST);
@@ -515,13 +468,12 @@ void SYInvTreeWnd::UpdatePalmApps()
         BuildPalmApps(m_palmAppsItem);
 }
 
-void SYInvTreeWnd::BuildPalmApps(HTREEITEM root)
-{
+void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
     const std::int32_t oldID = SelectedFlatAppID(ImagePalmApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
     try {
-        SYPalmAppEnum enumerator(&Db());
+        SYPalmAppEnum enumerator(Database());
         if (enumerator.BeginEnumApps()) {
             std::string name;
             while (enumerator.EnumApp(name)) {
@@ -545,13 +497,12 @@ void SYInvTreeWnd::BuildPalmApps(HTREEITEM root)
     RebuildFlatBranch(root, apps, ImagePalmApp, oldID, root);
 }
 
-void SYInvTreeWnd::BuildRIMApps(HTREEITEM root)
-{
+void SYInvTreeWnd::BuildRIMApps(HTREEITEM root) {
     const std::int32_t oldID = SelectedFlatAppID(ImageRIMApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
     try {
-        SYRIMAppEnum enumerator(&Db());
+        SYRIMAppEnum enumerator(Database());
         if (enumerator.BeginEnumApps()) {
             std::string name;
             while (enumerator.EnumApp(name)) {
@@ -572,8 +523,7 @@ void SYInvTreeWnd::BuildRIMApps(HTREEITEM root)
     RebuildFlatBranch(root, apps, ImageRIMApp, oldID, m_rimAppsItem);
 }
 
-void SYInvTreeWnd::UpdatePPCData()
-{
+void SYInvTreeWnd::UpdatePPCData() {
     if (m_ppcAppsItem == nullptr)
         m_ppcAppsItem =
             InsertRoot(rootLabel(SYInvStrings::PPCAppsRoot, "0"), ImagePPCRoot, m_palmAppsItem);
@@ -587,11 +537,10 @@ void SYInvTreeWnd::UpdatePPCData()
                                        ImagePPCExcludes, m_ppcUnidFilesItem);
 }
 
-bool SYInvTreeWnd::HaveRIMTable()
-{
+bool SYInvTreeWnd::HaveRIMTable() {
     // An older store lacks the table; any failure to tell counts as that, unreported.
     try {
-        SYTableSet set(Db());
+        SYTableSet set(Database());
         set.FilterForTable(RIMTable);
         set.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
         const bool have = !set.IsEOF();
@@ -604,8 +553,7 @@ bool SYInvTreeWnd::HaveRIMTable()
     }
 }
 
-void SYInvTreeWnd::UpdateRIMApps()
-{
+void SYInvTreeWnd::UpdateRIMApps() {
     if (!HaveRIMTable()) {
         // A branch whose table went away would never be updated again: it goes too.
         RemoveRIMApps();
@@ -618,8 +566,7 @@ void SYInvTreeWnd::UpdateRIMApps()
         BuildRIMApps(m_rimAppsItem);
 }
 
-void SYInvTreeWnd::RemovePalmApps()
-{
+void SYInvTreeWnd::RemovePalmApps() {
     if (m_palmAppsItem == nullptr)
         return;
     Tree().DeleteItem(m_palmAppsItem);
@@ -628,8 +575,7 @@ void SYInvTreeWnd::RemovePalmApps()
         Tree().SelectItem(m_appsItem);
 }
 
-void SYInvTreeWnd::RemoveRIMApps()
-{
+void SYInvTreeWnd::RemoveRIMApps() {
     if (m_rimAppsItem == nullptr)
         return;
     Tree().DeleteItem(m_rimAppsItem);
@@ -638,8 +584,7 @@ void SYInvTreeWnd::RemoveRIMApps()
         Tree().SelectItem(m_appsItem);
 }
 
-void SYInvTreeWnd::RemovePPCData()
-{
+void SYInvTreeWnd::RemovePPCData() {
     for (HTREEITEM* root : {&m_ppcAppsItem, &m_ppcUnidFilesItem, &m_ppcExcludesItem}) {
         if (*root == nullptr)
             continue;
@@ -652,8 +597,7 @@ void SYInvTreeWnd::RemovePPCData()
 
 // --- search and counts ------------------------------------------------------------------
 
-int SYInvTreeWnd::CheckItemForText(HTREEITEM node, const std::string& text)
-{
+int SYInvTreeWnd::CheckItemForText(HTREEITEM node, const std::string& text) {
     const std::string lower = SYToLower(text);
     CheckBuildItem(node);
     if (node == nullptr)
@@ -677,29 +621,25 @@ int SYInvTreeWnd::CheckItemForText(HTREEITEM node, const std::string& text)
         const std::uint32_t appID = Tree().GetItemData(node);
         if (appID == 0)
             return 0;
-        return FindAppFile(appID, lower,
-                           IsItemPPCApplication(node) ? InvDataPPC : InvDataWindows);
+        return FindAppFile(appID, lower, IsItemPPCApplication(node) ? InvDataPPC : InvDataWindows);
     }
     if (node == m_rimAppsItem)
         return FindRIMApp(lower);
     return 0;
 }
 
-int SYInvTreeWnd::FindUnidFile(const std::string& text, std::uint8_t platform)
-{
+int SYInvTreeWnd::FindUnidFile(const std::string& text, std::uint8_t platform) {
     return FindFile(text, platform, &SYAppFileSet::FilterForUnidFiles);
 }
 
-int SYInvTreeWnd::FindIgnoredFile(const std::string& text, std::uint8_t platform)
-{
+int SYInvTreeWnd::FindIgnoredFile(const std::string& text, std::uint8_t platform) {
     return FindFile(text, platform, &SYAppFileSet::FilterForExcludedFiles);
 }
 
 int SYInvTreeWnd::FindFile(const std::string& text, std::uint8_t platform,
-                           void (SYAppFileSet::*filter)())
-{
+                           void (SYAppFileSet::*filter)()) {
     try {
-        SYAppFileSet set(Db());
+        SYAppFileSet set(Database());
         set.InvDataType = platform;
         (set.*filter)();
         set.Open();
@@ -713,10 +653,9 @@ int SYInvTreeWnd::FindFile(const std::string& text, std::uint8_t platform,
     return 0;
 }
 
-int SYInvTreeWnd::FindAppFile(std::uint32_t appID, const std::string& text, std::uint8_t platform)
-{
+int SYInvTreeWnd::FindAppFile(std::uint32_t appID, const std::string& text, std::uint8_t platform) {
     try {
-        SYAppFileSet set(Db());
+        SYAppFileSet set(Database());
         set.InvDataType = platform;
         set.JoinLocations();
         set.FilterForAppID(appID);
@@ -731,10 +670,9 @@ int SYInvTreeWnd::FindAppFile(std::uint32_t appID, const std::string& text, std:
     return 0;
 }
 
-int SYInvTreeWnd::FindCompany(const std::string& text, std::uint8_t platform)
-{
+int SYInvTreeWnd::FindCompany(const std::string& text, std::uint8_t platform) {
     try {
-        SYAppCompanySet set(Db());
+        SYAppCompanySet set(Database());
         set.InvDataType = platform;
         set.Open();
         // A company of several spellings is tested once, by its first row.
@@ -750,11 +688,10 @@ int SYInvTreeWnd::FindCompany(const std::string& text, std::uint8_t platform)
 }
 
 int SYInvTreeWnd::FindApp(const std::string& company, const std::string& text,
-                          std::uint8_t platform)
-{
+                          std::uint8_t platform) {
     try {
         SYAppEnum enumerator;
-        enumerator.SetDatabase(&Db());
+        enumerator.SetDatabase(Database());
         enumerator.InvDataType = platform;
         enumerator.SetCompanyName(company);
         if (!enumerator.BeginEnumApps())
@@ -770,10 +707,9 @@ int SYInvTreeWnd::FindApp(const std::string& company, const std::string& text,
     return 0;
 }
 
-int SYInvTreeWnd::FindPalmApp(const std::string& text)
-{
+int SYInvTreeWnd::FindPalmApp(const std::string& text) {
     try {
-        SYPalmAppEnum enumerator(&Db());
+        SYPalmAppEnum enumerator(Database());
         if (!enumerator.BeginEnumApps())
             return 0;
         std::string name;
@@ -787,10 +723,9 @@ int SYInvTreeWnd::FindPalmApp(const std::string& text)
     return 0;
 }
 
-int SYInvTreeWnd::FindRIMApp(const std::string& text)
-{
+int SYInvTreeWnd::FindRIMApp(const std::string& text) {
     try {
-        SYRIMAppEnum enumerator(&Db());
+        SYRIMAppEnum enumerator(Database());
         if (!enumerator.BeginEnumApps())
             return 0;
         std::string name;
@@ -804,8 +739,7 @@ int SYInvTreeWnd::FindRIMApp(const std::string& text)
     return 0;
 }
 
-void SYInvTreeWnd::UpdateAppCounts()
-{
+void SYInvTreeWnd::UpdateAppCounts() {
     struct Count {
         HTREEITEM root;
         const char* sql;
@@ -828,7 +762,7 @@ void SYInvTreeWnd::UpdateAppCounts()
          SYInvStrings::RIMAppsRoot},
     }};
     try {
-        SYRecordset set(Db());
+        SYRecordset set(Database());
         for (const Count& count : counts) {
             if (count.root == nullptr)
                 continue;

@@ -123,8 +123,6 @@ private:
     int HasImage(HTREEITEM node, int image) const;
     // The record of a company node, or null.
     SYCompanyItem* CompanyOf(HTREEITEM node) const;
-    // The database the console stored; throws a CException if there is none.
-    SYDatabase& Db() const;
     std::uint32_t SelectedDataFor(int image, int otherImage) const;
     int SelectChild(HTREEITEM parent, std::uint32_t id, int image, int otherImage);
     HTREEITEM InsertCompany(HTREEITEM root, HTREEITEM after, const std::string& display,

@@ -1,7 +1,6 @@
 #include "navigation/SYTextFormat.h"
 
-std::string SYFormatText(const std::string& format, std::initializer_list<std::string> args)
-{
+std::string SYFormatText(const std::string& format, std::initializer_list<std::string> args) {
     std::string text;
     text.reserve(format.size() + 32);
     auto arg = args.begin();

@@ -5,8 +5,7 @@
 #include "outside/store/SYInventorySchema.h"
 #include "outside/store/SYSelect.h"
 
-void SYAppCompanySet::BuildQuery(SYSelect& select) const
-{
+void SYAppCompanySet::BuildQuery(SYSelect& select) const {
     // One row per spelling, ranked by its oldest application.
     select.Columns("AppCompany, AppCompanyInternal");
     select.From(std::string("(SELECT AppCompany, AppCompanyInternal, MIN(AppID) AS FirstAppID "
@@ -16,12 +15,10 @@ void SYAppCompanySet::BuildQuery(SYSelect& select) const
     select.OrderBy("AppCompanyInternal COLLATE NOCASE, FirstAppID");
 }
 
-std::string SYAppCompanySet::AppCompany() const
-{
+std::string SYAppCompanySet::AppCompany() const {
     return FieldText("AppCompany");
 }
 
-std::string SYAppCompanySet::AppCompanyInternal() const
-{
+std::string SYAppCompanySet::AppCompanyInternal() const {
     return FieldText("AppCompanyInternal");
 }

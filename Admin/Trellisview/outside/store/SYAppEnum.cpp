@@ -1,16 +1,12 @@
 #include "outside/store/SYAppEnum.h"
 
-#include "outside/framework/CException.h"
 #include "outside/store/SYAppSet.h"
 
 SYAppEnum::SYAppEnum() = default;
 
 SYAppEnum::~SYAppEnum() = default;
 
-bool SYAppEnum::BeginEnumApps()
-{
-    if (m_database == nullptr)
-        throw CInvalidArgException("The application enumerator has no database.");
+bool SYAppEnum::BeginEnumApps() {
     m_set = std::make_unique<SYAppSet>(m_database);
     m_set->InvDataType = InvDataType;
     m_set->FilterForCompany(m_company);
@@ -23,8 +19,7 @@ bool SYAppEnum::BeginEnumApps()
     return false;
 }
 
-bool SYAppEnum::EnumApp(std::string& name, std::string& version, std::string& nameInternal)
-{
+bool SYAppEnum::EnumApp(std::string& name, std::string& version, std::string& nameInternal) {
     if (!m_set)
         return false;
     if (m_started)
@@ -38,13 +33,11 @@ bool SYAppEnum::EnumApp(std::string& name, std::string& version, std::string& na
     return true;
 }
 
-std::uint32_t SYAppEnum::CurrentAppID() const
-{
+std::uint32_t SYAppEnum::CurrentAppID() const {
     return m_set && m_started && !m_set->IsEOF() ? m_set->AppID() : 0;
 }
 
-void SYAppEnum::EndEnumApps()
-{
+void SYAppEnum::EndEnumApps() {
     m_set.reset();
     m_started = false;
 }

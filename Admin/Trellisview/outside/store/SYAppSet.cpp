@@ -3,23 +3,19 @@
 #include "outside/store/SYInventorySchema.h"
 #include "outside/store/SYSelect.h"
 
-void SYAppSet::FilterForAppID(std::uint32_t appID)
-{
+void SYAppSet::FilterForAppID(std::uint32_t appID) {
     m_appID = appID;
 }
 
-void SYAppSet::FilterForCompany(const std::string& companyInternal)
-{
+void SYAppSet::FilterForCompany(const std::string& companyInternal) {
     m_company = companyInternal;
 }
 
-void SYAppSet::FilterForInstalled()
-{
+void SYAppSet::FilterForInstalled() {
     m_installed = true;
 }
 
-void SYAppSet::BuildQuery(SYSelect& select) const
-{
+void SYAppSet::BuildQuery(SYSelect& select) const {
     select.Columns("AppID, AppName, AppNameInternal, AppVersion, AppCompany, "
                    "AppCompanyInternal, AppInstalled");
     select.From(SYInventorySchema::AppTable(InvDataType));
@@ -31,37 +27,30 @@ void SYAppSet::BuildQuery(SYSelect& select) const
         select.Where("AppCompanyInternal = ? COLLATE NOCASE", *m_company);
 }
 
-std::uint32_t SYAppSet::AppID() const
-{
+std::uint32_t SYAppSet::AppID() const {
     return static_cast<std::uint32_t>(FieldInt("AppID"));
 }
 
-std::string SYAppSet::AppName() const
-{
+std::string SYAppSet::AppName() const {
     return FieldText("AppName");
 }
 
-std::string SYAppSet::AppNameInternal() const
-{
+std::string SYAppSet::AppNameInternal() const {
     return FieldText("AppNameInternal");
 }
 
-std::string SYAppSet::AppVersion() const
-{
+std::string SYAppSet::AppVersion() const {
     return FieldText("AppVersion");
 }
 
-std::string SYAppSet::AppCompany() const
-{
+std::string SYAppSet::AppCompany() const {
     return FieldText("AppCompany");
 }
 
-std::string SYAppSet::AppCompanyInternal() const
-{
+std::string SYAppSet::AppCompanyInternal() const {
     return FieldText("AppCompanyInternal");
 }
 
-int SYAppSet::AppInstalled() const
-{
+int SYAppSet::AppInstalled() const {
     return FieldInt("AppInstalled") != 0;
 }

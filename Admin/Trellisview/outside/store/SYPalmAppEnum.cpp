@@ -1,6 +1,5 @@
 #include "outside/store/SYPalmAppEnum.h"
 
-#include "outside/framework/CException.h"
 #include "outside/store/SYRecordset.h"
 #include "outside/store/SYSelect.h"
 
@@ -16,16 +15,14 @@ public:
     std::string IconName() const { return FieldText("IconName"); }
 
 protected:
-    void BuildQuery(SYSelect& select) const override
-    {
+    void BuildQuery(SYSelect& select) const override {
         select.Columns("AppID, AppName, AppVersion, IconName");
         select.From("[Palm Applications]");
         select.OrderBy("AppID");
     }
 };
 
-const PalmAppRows& rows(const std::unique_ptr<SYRecordset>& set)
-{
+const PalmAppRows& rows(const std::unique_ptr<SYRecordset>& set) {
     return static_cast<const PalmAppRows&>(*set);
 }
 
@@ -35,10 +32,7 @@ SYPalmAppEnum::SYPalmAppEnum(SYDatabase* database) : m_database(database) {}
 
 SYPalmAppEnum::~SYPalmAppEnum() = default;
 
-bool SYPalmAppEnum::BeginEnumApps()
-{
-    if (m_database == nullptr)
-        throw CInvalidArgException("The Palm application enumerator has no database.");
+bool SYPalmAppEnum::BeginEnumApps() {
     m_set = std::make_unique<PalmAppRows>(m_database);
     m_set->Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
     m_started = false;
@@ -48,8 +42,7 @@ bool SYPalmAppEnum::BeginEnumApps()
     return false;
 }
 
-bool SYPalmAppEnum::EnumApp(std::string& name)
-{
+bool SYPalmAppEnum::EnumApp(std::string& name) {
     if (!m_set)
         return false;
     if (m_started)
@@ -61,28 +54,23 @@ bool SYPalmAppEnum::EnumApp(std::string& name)
     return true;
 }
 
-bool SYPalmAppEnum::HaveRow() const
-{
+bool SYPalmAppEnum::HaveRow() const {
     return m_set && m_started && !m_set->IsEOF();
 }
 
-std::int32_t SYPalmAppEnum::CurrentAppID() const
-{
+std::int32_t SYPalmAppEnum::CurrentAppID() const {
     return HaveRow() ? rows(m_set).AppID() : 0;
 }
 
-std::string SYPalmAppEnum::CurrentAppVersion() const
-{
+std::string SYPalmAppEnum::CurrentAppVersion() const {
     return HaveRow() ? rows(m_set).AppVersion() : std::string();
 }
 
-std::string SYPalmAppEnum::CurrentAppIconName() const
-{
+std::string SYPalmAppEnum::CurrentAppIconName() const {
     return HaveRow() ? rows(m_set).IconName() : std::string();
 }
 
-void SYPalmAppEnum::EndEnumApps()
-{
+void SYPalmAppEnum::EndEnumApps() {
     m_set.reset();
     m_started = false;
 }

@@ -1,6 +1,5 @@
 #include "outside/store/SYRIMAppEnum.h"
 
-#include "outside/framework/CException.h"
 #include "outside/store/SYRecordset.h"
 #include "outside/store/SYSelect.h"
 
@@ -15,16 +14,14 @@ public:
     std::string AppVersion() const { return FieldText("AppVersion"); }
 
 protected:
-    void BuildQuery(SYSelect& select) const override
-    {
+    void BuildQuery(SYSelect& select) const override {
         select.Columns("AppID, AppName, AppVersion");
         select.From("[RIM Applications]");
         select.OrderBy("AppID");
     }
 };
 
-const RIMAppRows& rows(const std::unique_ptr<SYRecordset>& set)
-{
+const RIMAppRows& rows(const std::unique_ptr<SYRecordset>& set) {
     return static_cast<const RIMAppRows&>(*set);
 }
 
@@ -34,10 +31,7 @@ SYRIMAppEnum::SYRIMAppEnum(SYDatabase* database) : m_database(database) {}
 
 SYRIMAppEnum::~SYRIMAppEnum() = default;
 
-bool SYRIMAppEnum::BeginEnumApps()
-{
-    if (m_database == nullptr)
-        throw CInvalidArgException("The BlackBerry application enumerator has no database.");
+bool SYRIMAppEnum::BeginEnumApps() {
     m_set = std::make_unique<RIMAppRows>(m_database);
     m_set->Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
     m_started = false;
@@ -47,8 +41,7 @@ bool SYRIMAppEnum::BeginEnumApps()
     return false;
 }
 
-bool SYRIMAppEnum::EnumApp(std::string& name)
-{
+bool SYRIMAppEnum::EnumApp(std::string& name) {
     if (!m_set)
         return false;
     if (m_started)
@@ -60,23 +53,19 @@ bool SYRIMAppEnum::EnumApp(std::string& name)
     return true;
 }
 
-bool SYRIMAppEnum::HaveRow() const
-{
+bool SYRIMAppEnum::HaveRow() const {
     return m_set && m_started && !m_set->IsEOF();
 }
 
-std::int32_t SYRIMAppEnum::CurrentAppID() const
-{
+std::int32_t SYRIMAppEnum::CurrentAppID() const {
     return HaveRow() ? rows(m_set).AppID() : 0;
 }
 
-std::string SYRIMAppEnum::CurrentAppVersion() const
-{
+std::string SYRIMAppEnum::CurrentAppVersion() const {
     return HaveRow() ? rows(m_set).AppVersion() : std::string();
 }
 
-void SYRIMAppEnum::EndEnumApps()
-{
+void SYRIMAppEnum::EndEnumApps() {
     m_set.reset();
     m_started = false;
 }

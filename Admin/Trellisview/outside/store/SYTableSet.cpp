@@ -2,14 +2,12 @@
 
 #include "outside/store/SYSelect.h"
 
-void SYTableSet::FilterForTable(const std::string& name)
-{
+void SYTableSet::FilterForTable(const std::string& name) {
     m_name = name;
     m_filtered = true;
 }
 
-void SYTableSet::BuildQuery(SYSelect& select) const
-{
+void SYTableSet::BuildQuery(SYSelect& select) const {
     select.Columns("name");
     select.From("sqlite_master");
     select.Where("type = 'table'");
@@ -18,7 +16,6 @@ void SYTableSet::BuildQuery(SYSelect& select) const
     select.OrderBy("name");
 }
 
-std::string SYTableSet::TableName() const
-{
+std::string SYTableSet::TableName() const {
     return FieldText("name");
 }
