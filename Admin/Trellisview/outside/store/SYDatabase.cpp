@@ -100,6 +100,22 @@ int SYDatabase::Create(const std::string& path, bool withRIMTables) {
     return 1;
 }
 
+int SYDatabase::CreateSystemRules(const std::string& path) {
+    if (fileHasContent(path))
+        throw CDBException(SQLITE_CANTOPEN, "Cannot create the system rules database \"" + path +
+                                                "\": a file of that name exists.");
+    OpenConnection(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    try {
+        SYTransaction transaction(*this);
+        SYInventorySchema::CreateSystemRules(*this);
+        transaction.Commit();
+    } catch (...) {
+        Close();
+        throw;
+    }
+    return 1;
+}
+
 int SYDatabase::OpenMemory(bool withRIMTables) {
     OpenConnection(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_MEMORY);
     SYInventorySchema::Create(*this, withRIMTables);

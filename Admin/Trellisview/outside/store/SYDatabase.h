@@ -28,6 +28,9 @@ public:
     // A new, empty inventory at a path where no database stands yet. Without withRIMTables
     // the store has no "RIM Applications" table, as older stores lack it.
     int Create(const std::string& path, bool withRIMTables = true);
+    // A new, empty system rules database (see SYInventorySchema) at a path where no
+    // database stands yet.
+    int CreateSystemRules(const std::string& path);
     // A new, empty inventory in memory, gone on Close.
     int OpenMemory(bool withRIMTables = true);
     void Close();

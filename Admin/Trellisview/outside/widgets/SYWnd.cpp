@@ -120,13 +120,18 @@ int SYWnd::SubclassDlgItem(unsigned id, SYWnd* parent) {
 int SYWnd::CreateControls(const SYDialogTemplate* dialogTemplate) {
     if (dialogTemplate == nullptr || !m_created)
         return 0;
-    for (const SYControlTemplate& control : dialogTemplate->controls) {
-        std::unique_ptr<SYWnd> child = makeControl(control.kind);
-        child->Create(control.kind, static_cast<unsigned>(control.id), control.text,
-                      dialogUnitsToPixels(control), this, control.style);
-        m_ownedChildren.push_back(std::move(child));
-    }
+    for (const SYControlTemplate& control : dialogTemplate->controls)
+        CreateOwnedChild(makeControl(control.kind), control.kind, static_cast<unsigned>(control.id),
+                         control.text, dialogUnitsToPixels(control), control.style);
     return 1;
+}
+
+SYWnd* SYWnd::CreateOwnedChild(std::unique_ptr<SYWnd> child, SYControlKind kind, unsigned id,
+                               const std::string& text, const SYRect& rect, unsigned style) {
+    if (child == nullptr || !child->Create(kind, id, text, rect, this, style))
+        return nullptr;
+    m_ownedChildren.push_back(std::move(child));
+    return m_ownedChildren.back().get();
 }
 
 void SYWnd::DestroyWindow() {

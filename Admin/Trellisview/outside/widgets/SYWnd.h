@@ -33,6 +33,11 @@ public:
     int SubclassDlgItem(unsigned id, SYWnd* parent);
     // Creates the controls of a template as owned children; gives 0 for a null template.
     int CreateControls(const SYDialogTemplate* dialogTemplate);
+    // Makes a control that this window owns until its window is destroyed; gives it, or
+    // null if it could not be made.
+    SYWnd* CreateOwnedChild(std::unique_ptr<SYWnd> child, SYControlKind kind, unsigned id,
+                            const std::string& text, const SYRect& rect,
+                            unsigned style = SYStyleNone);
     void DestroyWindow();
     bool IsWindow() const { return m_created; }
 
