@@ -1,18 +1,15 @@
 #include "outside/store/SYAppCompanySet.h"
 
-#include <string>
-
 #include "outside/store/SYInventorySchema.h"
-#include "outside/store/SYSelect.h"
 
 void SYAppCompanySet::BuildQuery(SYSelect& select) const {
-    // One row per spelling, ranked by its oldest application.
-    select.Columns("AppCompany, AppCompanyInternal");
-    select.From(std::string("(SELECT AppCompany, AppCompanyInternal, MIN(AppID) AS FirstAppID "
-                            "FROM ") +
-                SYInventorySchema::AppTable(InvDataType) +
-                " WHERE AppInstalled = 1 GROUP BY AppCompanyInternal, AppCompany)");
-    select.OrderBy("AppCompanyInternal COLLATE NOCASE, FirstAppID");
+    select.Columns("AppCompanyInternal, AppCompany");
+    select.From(SYInventorySchema::AppTable(InvDataType));
+    select.Where("AppInstalled = 1");
+    select.GroupBy("AppCompanyInternal, AppCompany");
+    // The tree merges in the order of the internal names without regard to case, and takes
+    // names differing only in case for one company: their rows have to stand together.
+    select.OrderBy("AppCompanyInternal COLLATE NOCASE, COUNT(*) DESC, AppCompany");
 }
 
 std::string SYAppCompanySet::AppCompany() const {

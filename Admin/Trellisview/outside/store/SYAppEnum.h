@@ -1,37 +1,23 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 
-#include "outside/store/SYSWInvObject.h"
+#include "outside/store/SYEnumerator.h"
 
-class SYAppSet;
-class SYDatabase;
-
-// The installed applications of one company of the Windows PC or Windows CE inventory.
-// Life: SetDatabase, InvDataType, SetCompanyName, BeginEnumApps (false: nothing to read),
-// EnumApp until false with CurrentAppID on each row, EndEnumApps.
-class SYAppEnum : public SYSWInvObject {
+// The installed applications of inventory 0 or 1, of one company when SetCompanyName was
+// given its internal name (compared without regard to case, as the company set runs), in
+// order of internal name and version.
+class SYAppEnum : public SYEnumerator {
 public:
-    SYAppEnum();
-    SYAppEnum(const SYAppEnum&) = delete;
-    SYAppEnum& operator=(const SYAppEnum&) = delete;
-    ~SYAppEnum() override;
+    using SYEnumerator::SYEnumerator;
 
-    void SetDatabase(SYDatabase* database) { m_database = database; }
-    // The internal company name; an empty name stands for applications without a company.
     void SetCompanyName(const std::string& companyInternal) { m_company = companyInternal; }
-
-    bool BeginEnumApps();
-    // The next application; false after the last one.
-    bool EnumApp(std::string& name, std::string& version, std::string& nameInternal);
-    std::uint32_t CurrentAppID() const;
-    void EndEnumApps();
+    int BeginEnumApps();
+    int EnumApp(std::string& name, std::string& version, std::string& internalName);
+    unsigned long CurrentAppID() const { return m_appID; }
 
 private:
-    SYDatabase* m_database = nullptr;
-    std::string m_company;
-    std::unique_ptr<SYAppSet> m_set;
-    bool m_started = false;
+    std::optional<std::string> m_company;
+    unsigned long m_appID = 0;
 };

@@ -1,34 +1,34 @@
 #include "outside/store/SYAppSet.h"
 
 #include "outside/store/SYInventorySchema.h"
-#include "outside/store/SYSelect.h"
 
-void SYAppSet::FilterForAppID(std::uint32_t appID) {
+void SYAppSet::FilterForAppID(unsigned long appID) {
     m_appID = appID;
+}
+
+void SYAppSet::FilterForInstalledApps() {
+    m_installed = true;
 }
 
 void SYAppSet::FilterForCompany(const std::string& companyInternal) {
     m_company = companyInternal;
 }
 
-void SYAppSet::FilterForInstalled() {
-    m_installed = true;
-}
-
 void SYAppSet::BuildQuery(SYSelect& select) const {
-    select.Columns("AppID, AppName, AppNameInternal, AppVersion, AppCompany, "
-                   "AppCompanyInternal, AppInstalled");
+    select.Columns("AppID, AppName, AppNameInternal, AppVersion, AppCompany, AppCompanyInternal, "
+                   "AppInstalled");
     select.From(SYInventorySchema::AppTable(InvDataType));
     if (m_appID)
         select.Where("AppID = ?", static_cast<std::int64_t>(*m_appID));
     if (m_installed)
         select.Where("AppInstalled = 1");
     if (m_company)
-        select.Where("AppCompanyInternal = ? COLLATE NOCASE", *m_company);
+        select.Where("AppCompanyInternal = ?", *m_company);
+    select.OrderBy("AppCompanyInternal, AppNameInternal, AppVersion");
 }
 
-std::uint32_t SYAppSet::AppID() const {
-    return static_cast<std::uint32_t>(FieldInt("AppID"));
+unsigned long SYAppSet::AppID() const {
+    return static_cast<unsigned long>(FieldInt("AppID"));
 }
 
 std::string SYAppSet::AppName() const {
@@ -52,5 +52,5 @@ std::string SYAppSet::AppCompanyInternal() const {
 }
 
 int SYAppSet::AppInstalled() const {
-    return FieldInt("AppInstalled") != 0;
+    return static_cast<int>(FieldInt("AppInstalled"));
 }

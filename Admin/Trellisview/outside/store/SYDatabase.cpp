@@ -66,7 +66,7 @@ void SYDatabase::OpenConnection(const std::string& path, int flags) {
 
 void SYDatabase::ConfigureFile() {
     sqlite3_busy_timeout(m_db, kBusyTimeoutMs);
-    Exec("PRAGMA journal_mode = WAL");
+    Exec("PRAGMA journal_mode = WAL; PRAGMA cache_size = -65536; PRAGMA temp_store = MEMORY");
 }
 
 int SYDatabase::Open(const std::string& path) {

@@ -20,13 +20,15 @@ const char* const kMovedTable =
 
 const char* const kAddMovedInstallations =
     "INSERT OR IGNORE INTO Installations (InvDataType, AppID, MachineID, Location) "
-    "SELECT DISTINCT ?1, m.NewAppID, l.MachineID, l.Location FROM temp.SYMovedFiles m "
-    "JOIN FileLocations l ON l.FileID = m.FileID WHERE m.NewAppID <> 0";
+    "SELECT ?1, m.NewAppID, l.MachineID, l.Location FROM temp.SYMovedFiles m "
+    "CROSS JOIN FileLocations l ON l.FileID = m.FileID WHERE m.NewAppID <> 0";
 
+// CROSS JOIN keeps the planner on the few moved files instead of a scan of all locations.
 // An installation of the old application goes when no file of it lies in that place any more.
 const char* const kDropEmptyInstallations =
     "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID FROM "
-    "temp.SYMovedFiles m JOIN FileLocations l ON l.FileID = m.FileID JOIN Installations i ON "
+    "temp.SYMovedFiles m CROSS JOIN FileLocations l ON l.FileID = m.FileID CROSS JOIN "
+    "Installations i ON "
     "i.InvDataType = ?1 AND i.AppID = m.OldAppID AND i.MachineID = l.MachineID AND "
     "i.Location = l.Location WHERE m.OldAppID <> 0 AND NOT EXISTS (SELECT 1 FROM FileLocations "
     "l2 JOIN Files f2 ON f2.FileID = l2.FileID WHERE l2.MachineID = i.MachineID AND "

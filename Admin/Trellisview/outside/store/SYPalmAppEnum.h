@@ -1,36 +1,23 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
 #include <string>
 
-class SYDatabase;
-class SYRecordset;
+#include "outside/store/SYEnumerator.h"
 
-// Every application of the Palm inventory. Life: BeginEnumApps (false: nothing to read),
-// EnumApp until false with the Current... reads on each row, EndEnumApps.
-class SYPalmAppEnum {
+// The Palm applications, in order of name and version. The icon name is what the device
+// shows under the application's icon; it may be empty.
+class SYPalmAppEnum : public SYEnumerator {
 public:
-    explicit SYPalmAppEnum(SYDatabase* database = nullptr);
-    SYPalmAppEnum(const SYPalmAppEnum&) = delete;
-    SYPalmAppEnum& operator=(const SYPalmAppEnum&) = delete;
-    ~SYPalmAppEnum();
+    using SYEnumerator::SYEnumerator;
 
-    void SetDatabase(SYDatabase* database) { m_database = database; }
-
-    bool BeginEnumApps();
-    // The next application's name; false after the last one.
-    bool EnumApp(std::string& name);
-    std::int32_t CurrentAppID() const;
-    std::string CurrentAppVersion() const;
-    // The name under the application's icon on the device; empty if the scan found none.
-    std::string CurrentAppIconName() const;
-    void EndEnumApps();
+    int BeginEnumApps();
+    int EnumApp(std::string& name);
+    long CurrentAppID() const { return m_appID; }
+    const std::string& CurrentAppVersion() const { return m_version; }
+    const std::string& CurrentAppIconName() const { return m_iconName; }
 
 private:
-    bool HaveRow() const;
-
-    SYDatabase* m_database;
-    std::unique_ptr<SYRecordset> m_set;
-    bool m_started = false;
+    long m_appID = 0;
+    std::string m_version;
+    std::string m_iconName;
 };

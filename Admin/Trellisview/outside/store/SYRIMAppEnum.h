@@ -1,34 +1,21 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
 #include <string>
 
-class SYDatabase;
-class SYRecordset;
+#include "outside/store/SYEnumerator.h"
 
-// Every application of the BlackBerry inventory. Life: BeginEnumApps (false: nothing to read),
-// EnumApp until false with the Current... reads on each row, EndEnumApps.
-class SYRIMAppEnum {
+// The BlackBerry applications, in order of name and version. BeginEnumApps throws
+// CDBException on a store without the "RIM Applications" table.
+class SYRIMAppEnum : public SYEnumerator {
 public:
-    explicit SYRIMAppEnum(SYDatabase* database = nullptr);
-    SYRIMAppEnum(const SYRIMAppEnum&) = delete;
-    SYRIMAppEnum& operator=(const SYRIMAppEnum&) = delete;
-    ~SYRIMAppEnum();
+    using SYEnumerator::SYEnumerator;
 
-    void SetDatabase(SYDatabase* database) { m_database = database; }
-
-    bool BeginEnumApps();
-    // The next application's name; false after the last one.
-    bool EnumApp(std::string& name);
-    std::int32_t CurrentAppID() const;
-    std::string CurrentAppVersion() const;
-    void EndEnumApps();
+    int BeginEnumApps();
+    int EnumApp(std::string& name);
+    long CurrentAppID() const { return m_appID; }
+    const std::string& CurrentAppVersion() const { return m_version; }
 
 private:
-    bool HaveRow() const;
-
-    SYDatabase* m_database;
-    std::unique_ptr<SYRecordset> m_set;
-    bool m_started = false;
+    long m_appID = 0;
+    std::string m_version;
 };

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <string>
+
+class SYDatabase;
+class SYInventoryWriter;
+
+// Makes realistic inventories for demos, tests and benchmarks through the inventory
+// writer, the same for the same options: PCs, Windows CE, Palm and BlackBerry devices in
+// the ratio 11:4:3:2; companies whose names are scanned in several spellings; applications
+// in several versions; files over 4 GB; files in several folders and on many clients;
+// unidentified files; user and system rules of both kinds (one user rule retired); Palm
+// applications with and without icon names.
+class SYInventoryGenerator {
+public:
+    struct Options {
+        std::uint32_t seed = 1;
+        int clients = 200;
+        // Without it the store lacks the "RIM Applications" table, as older stores do, and
+        // BlackBerry devices list no applications.
+        bool withRIMTables = true;
+    };
+
+    explicit SYInventoryGenerator(const Options& options);
+
+    // Writes the system rules database into installFolder (a native path, made when
+    // missing; an empty text writes none) and fills database, a new, empty inventory.
+    void Generate(SYDatabase& database, const std::string& installFolder);
+
+    // Creates the inventory file and its installation folder when the inventory does not
+    // exist yet. Nonzero if it made them, 0 if the inventory was there already.
+    static int CreateIfAbsent(const std::string& databasePath, const std::string& installFolder,
+                              const Options& options);
+
+private:
+    void WriteSystemRules(const std::string& installFolder);
+    void WriteMachine(SYInventoryWriter& writer, int index);
+    void WriteCEDevice(SYInventoryWriter& writer, int index);
+    void WritePalmDevice(SYInventoryWriter& writer, int index);
+    void WriteRIMDevice(SYInventoryWriter& writer, int index);
+    void WriteUserRules(SYInventoryWriter& writer);
+    int Pick(int count);
+    bool Chance(int percent);
+    std::int32_t LastScan();
+
+    Options m_options;
+    std::mt19937 m_random;
+};

@@ -1,0 +1,64 @@
+#include "outside/store/SYInventorySummary.h"
+
+#include <cstdio>
+
+#include "outside/store/SYDatabase.h"
+#include "outside/store/SYRecordset.h"
+
+namespace {
+
+long long count(SYDatabase& database, const std::string& sql, std::int64_t parameter) {
+    auto statement = database.Cached(sql);
+    if (sql.find("?1") != std::string::npos)
+        statement->Bind(1, parameter);
+    return statement->Step() ? statement->Int64(0) : 0;
+}
+
+long long countText(SYDatabase& database, const char* text) {
+    SYRecordset set(database);
+    set.Open(SYRecordset::forwardOnly, text, SYRecordset::readOnly);
+    std::string value;
+    set.GetFieldValue("AppCount", value);
+    return std::stoll(value);
+}
+
+const char* const kAppCounts[] = {
+    "SELECT Count([Applications].AppID) AS AppCount FROM Applications WHERE "
+    "[Applications].AppInstalled=1",
+    "SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
+    "[PPC Applications].AppInstalled=1",
+    "SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]",
+    "SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]",
+};
+
+} // namespace
+
+void SYInventorySummary::Load(SYDatabase& database) {
+    const bool haveRIM = database.HaveTable("RIM Applications");
+    for (std::int64_t type = 0; type < 4; ++type) {
+        Counts& counts = m_counts[static_cast<std::size_t>(type)];
+        counts.clients =
+            type == 0 ? count(database, "SELECT COUNT(*) FROM Machines", 0)
+                      : count(database, "SELECT COUNT(*) FROM Devices WHERE Platform = ?1", type);
+        counts.files = count(database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1", type);
+        counts.unidentified = count(
+            database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1 AND FileState = 0", type);
+        counts.ignored = count(
+            database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1 AND FileState IN (3, 4)",
+            type);
+        counts.applications = type == 3 && !haveRIM ? 0 : countText(database, kAppCounts[type]);
+    }
+}
+
+std::string SYInventorySummary::Format() const {
+    static const char* const names[] = {"Windows PCs", "Windows CE", "Palm", "BlackBerry"};
+    std::string text = "Platform       Clients     Files  Applications  Unidentified   Ignored\n";
+    for (std::size_t type = 0; type < m_counts.size(); ++type) {
+        const Counts& c = m_counts[type];
+        char line[160];
+        std::snprintf(line, sizeof line, "%-12s %9lld %9lld %13lld %13lld %9lld\n", names[type],
+                      c.clients, c.files, c.applications, c.unidentified, c.ignored);
+        text += line;
+    }
+    return text;
+}
