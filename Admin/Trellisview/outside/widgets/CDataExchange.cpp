@@ -87,8 +87,10 @@ void CDataExchange::WrongKind(unsigned id) {
 void DDX_Control(CDataExchange* dx, unsigned id, SYWnd& control) {
     if (control.IsWindow() && control.GetParent() == dx->m_pDlgWnd && control.GetDlgCtrlID() == id)
         return;
+    dx->PrepareCtrl(id);
     if (!control.SubclassDlgItem(id, dx->m_pDlgWnd))
-        dx->PrepareCtrl(id);
+        throw CInvalidArgException("The control " + std::to_string(id) +
+                                   " is bound to another object already.");
 }
 
 void DDX_Text(CDataExchange* dx, unsigned id, std::string& value) {

@@ -41,7 +41,8 @@ template <class Control> Control* CDataExchange::PrepareCtrlOf(unsigned id) {
     return control;
 }
 
-// Binds a member control object to the dialog's control with this id.
+// Binds a member control object to the dialog's control with this id; a control that
+// another object holds already is a programming error (CInvalidArgException).
 void DDX_Control(CDataExchange* dx, unsigned id, SYWnd& control);
 // Texts of edits and statics, and numbers typed in edits.
 void DDX_Text(CDataExchange* dx, unsigned id, std::string& value);

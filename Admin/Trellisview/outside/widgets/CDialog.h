@@ -36,6 +36,7 @@ public:
     virtual void OnOK();
     virtual void OnCancel();
     int OnCommand(unsigned wParam, long lParam) override;
+    bool IsDialogWindow() const override { return true; }
 
     // The steps of a modal run, for modal hosts. BeginModal makes the window and runs
     // OnInitDialog, giving 0 if the window cannot be made; the run lasts until IsModalEnded;
@@ -51,7 +52,6 @@ protected:
     virtual void DoDataExchange(CDataExchange* dx);
     // Makes the controls of the new window; a dialog without a template makes its own.
     virtual int CreateDialogControls();
-    bool IsDialogWindow() const override { return true; }
     SYRect TemplateRect() const;
 
 private:

@@ -334,7 +334,9 @@ int SYListCtrlEx::SetItemState(int row, unsigned state, unsigned mask) {
     mask &= LVIS_SELECTED | LVIS_FOCUSED;
     const unsigned wanted = (m_rows[row].state & ~mask) | (state & mask);
     // A single-selection list and the one focused row allow no second holder.
-    for (int other = 0; other < GetItemCount(); ++other) {
+    const bool exclusive =
+        (wanted & LVIS_FOCUSED) || (m_singleSelection && (wanted & LVIS_SELECTED));
+    for (int other = 0; exclusive && other < GetItemCount(); ++other) {
         if (other == row)
             continue;
         unsigned drop = 0;
@@ -369,23 +371,25 @@ void SYListCtrlEx::SaveSelections() {
     m_saved.clear();
     for (int row = 0; row < GetItemCount(); ++row) {
         if (m_rows[row].state != 0)
-            m_saved.push_back({m_rows[row].data, GetItemString(row), m_rows[row].state});
+            m_saved.push_back({m_rows[row].data, m_rows[row].cells, m_rows[row].state});
     }
 }
 
 void SYListCtrlEx::RestoreSelections() {
-    for (int row = 0; row < GetItemCount(); ++row)
-        SetItemState(row, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    for (int row = 0; row < GetItemCount(); ++row) {
+        if (m_rows[row].state != 0)
+            SetItemState(row, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    }
     std::vector<bool> taken(m_rows.size(), false);
     for (const SavedSelection& saved : m_saved) {
         int found = -1;
         for (int row = 0; row < GetItemCount() && found == -1; ++row) {
-            if (!taken[row] && m_rows[row].data == saved.data && GetItemString(row) == saved.text)
+            if (!taken[row] && m_rows[row].data == saved.data && m_rows[row].cells == saved.cells)
                 found = row;
         }
         // Item data that are row numbers change with the order; the text still finds it.
         for (int row = 0; row < GetItemCount() && found == -1; ++row) {
-            if (!taken[row] && GetItemString(row) == saved.text)
+            if (!taken[row] && m_rows[row].cells == saved.cells)
                 found = row;
         }
         if (found == -1)

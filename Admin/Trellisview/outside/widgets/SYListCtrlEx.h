@@ -134,7 +134,7 @@ private:
     };
     struct SavedSelection {
         std::uint32_t data;
-        std::string text;
+        std::vector<std::string> cells;
         unsigned state;
     };
 

@@ -202,8 +202,11 @@ unsigned SYTreeCtrlEx::GetItemState(HTREEITEM node, unsigned mask) const {
 int SYTreeCtrlEx::SetItemState(HTREEITEM node, unsigned state, unsigned mask) {
     if (!Live(node))
         return 0;
-    // Selection goes through SelectItem, so that there is one selected node.
+    // Selection goes through SelectItem, so that there is one selected node; the
+    // expanded-once bit can be cleared but only a real expansion sets it.
     mask &= ~TVIS_SELECTED;
+    if (state & TVIS_EXPANDEDONCE)
+        mask &= ~TVIS_EXPANDEDONCE;
     node->state = (node->state & ~mask) | (state & mask);
     NoteChange();
     return 1;

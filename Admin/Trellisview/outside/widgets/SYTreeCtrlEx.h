@@ -68,6 +68,7 @@ public:
     std::uint32_t GetItemData(HTREEITEM node) const;
     int SetItemData(HTREEITEM node, std::uint32_t data);
     unsigned GetItemState(HTREEITEM node, unsigned mask = 0xFFFFFFFFu) const;
+    // TVIS_SELECTED is left to SelectItem, and TVIS_EXPANDEDONCE can only be cleared.
     int SetItemState(HTREEITEM node, unsigned state, unsigned mask);
 
     HTREEITEM GetSelectedItem() const { return m_selected; }

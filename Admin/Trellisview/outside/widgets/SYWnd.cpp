@@ -92,7 +92,11 @@ int SYWnd::SubclassDlgItem(unsigned id, SYWnd* parent) {
     if (m_created || parent == nullptr)
         return 0;
     SYWnd* placeholder = parent->GetDlgItem(id);
-    if (placeholder == nullptr || placeholder == this)
+    auto& owned = parent->m_ownedChildren;
+    const auto slot = std::find_if(owned.begin(), owned.end(),
+                                   [placeholder](const auto& p) { return p.get() == placeholder; });
+    // Only a control the parent made itself can be taken over, not another object's window.
+    if (placeholder == nullptr || slot == owned.end())
         return 0;
     m_kind = placeholder->m_kind;
     m_id = id;
@@ -110,10 +114,7 @@ int SYWnd::SubclassDlgItem(unsigned id, SYWnd* parent) {
     placeholder->m_created = false;
     if (s_focus == placeholder)
         s_focus = this;
-    auto& owned = parent->m_ownedChildren;
-    owned.erase(std::remove_if(owned.begin(), owned.end(),
-                               [placeholder](const auto& p) { return p.get() == placeholder; }),
-                owned.end());
+    owned.erase(slot);
     return 1;
 }
 

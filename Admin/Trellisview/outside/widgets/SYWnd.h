@@ -46,6 +46,8 @@ public:
     unsigned Style() const { return m_style; }
     SYWnd* GetParent() const { return m_parent; }
     const std::vector<SYWnd*>& Children() const { return m_children; }
+    // Dialogs and pages answer true; FindControl skips the hidden ones.
+    virtual bool IsDialogWindow() const { return false; }
     // A direct child with this id, or null.
     SYWnd* GetDlgItem(unsigned id) const;
     // Any descendant with this id, looking first at direct children; windows of hidden
@@ -97,8 +99,6 @@ protected:
     // Called when the window goes away, before its children are destroyed.
     virtual void OnDestroy() {}
     virtual void OnSize() {}
-    // Dialogs and pages answer true; FindControl skips the hidden ones.
-    virtual bool IsDialogWindow() const { return false; }
 
 private:
     void AttachTo(SYWnd* parent);
