@@ -7,9 +7,9 @@ std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value)
     std::string digits = std::to_string(value);
     std::string result;
     result.reserve(digits.size() + digits.size() / 3);
-    const std::size_t lead = digits.size() % 3;
     for (std::size_t i = 0; i < digits.size(); ++i) {
-        if (i != 0 && (i + 3 - lead) % 3 == 0)
+        // A comma goes before every digit that has a multiple of three digits behind it.
+        if (i != 0 && (digits.size() - i) % 3 == 0)
             result.push_back(',');
         result.push_back(digits[i]);
     }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "outside/framework/SYString.h"
+
 void SYPath::Set(std::string path)
 {
     std::replace(path.begin(), path.end(), '/', Separator);
@@ -37,6 +39,24 @@ std::string SYPath::Subpath() const
     if (pos == std::string::npos)
         return {};
     return pos == 0 ? m_path.substr(0, 1) : m_path.substr(0, pos);
+}
+
+int SYPath::Subpath(const SYPath& location, std::string& rest) const
+{
+    rest.clear();
+    std::string base = location.m_path;
+    while (base.size() > 1 && base.back() == Separator)
+        base.pop_back();
+    if (base.empty() || m_path.size() < base.size())
+        return 0;
+    if (SYStrICmp(m_path.substr(0, base.size()), base) != 0)
+        return 0;
+    std::string tail = m_path.substr(base.size());
+    // "C:\App" is no location of "C:\Apps\x".
+    if (!tail.empty() && tail.front() != Separator && base.back() != Separator)
+        return 0;
+    rest = std::move(tail);
+    return 1;
 }
 
 std::string SYPath::FileName() const

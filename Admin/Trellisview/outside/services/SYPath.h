@@ -20,6 +20,10 @@ public:
     void Append(const std::string& part);
     // The path without its last part; empty when there is only one part.
     std::string Subpath() const;
+    // Gives nonzero if this path is the location or lies below it (compared without regard
+    // to case), and hands back what follows the location: empty, or beginning with the
+    // separator. Otherwise gives 0 and empties `rest`.
+    int Subpath(const SYPath& location, std::string& rest) const;
     // The last part.
     std::string FileName() const;
     // The path with '/' separators, for the local file system.
