@@ -1,17 +1,22 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "outside/framework/CException.h"
 #include "outside/framework/SYStatus.h"
+#include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "rules/SYAppFile.h"
 #include "rules/SYSWRule.h"
+#include "support/StoreDump.h"
+#include "support/TempDir.h"
 
 namespace {
 
@@ -86,22 +91,6 @@ protected:
         auto statement = db.Cached("SELECT AppInstalled FROM [Applications] WHERE AppID = ?1");
         statement->Bind(1, static_cast<std::int64_t>(appID));
         return statement->Step() ? static_cast<int>(statement->Int64(0)) : -1;
-    }
-    // Every row of the tables the rule service writes, as text.
-    std::string Snapshot() {
-        std::string text;
-        for (const char* sql : {"SELECT * FROM Files ORDER BY FileID",
-                                "SELECT * FROM Installations ORDER BY InstallationID",
-                                "SELECT * FROM [Applications] ORDER BY AppID",
-                                "SELECT * FROM SWRules ORDER BY RuleID"}) {
-            auto statement = db.Cached(sql);
-            while (statement->Step()) {
-                for (int column = 0; column < statement->ColumnCount(); ++column)
-                    text += statement->Text(column) + "|";
-                text += "\n";
-            }
-        }
-        return text;
     }
     AppFileState StateOf(unsigned long fileID) {
         SYAppFile record;
@@ -263,7 +252,7 @@ TEST_F(SYSWRuleInventoryTest, AFailingApplicationLeavesInventoryAndChangeListAsT
         const std::uint32_t oldID = rule.FileID();
         rule.SetFileName("other.exe");
         ASSERT_EQ(engine.ModifyIdRule(rule), 1);
-        const std::string before = Snapshot();
+        const std::string before = DumpStore(db);
 
         db.FailStatement(nth);
         bool threw = false;
@@ -285,7 +274,7 @@ TEST_F(SYSWRuleInventoryTest, AFailingApplicationLeavesInventoryAndChangeListAsT
             continue;
         }
         failedOnce = true;
-        EXPECT_EQ(Snapshot(), before);
+        EXPECT_EQ(DumpStore(db), before);
         // The noted change is still there to apply once the store works again.
         engine.UpdateSamData();
         EXPECT_TRUE(FileSet(false).count(mystery));
@@ -294,6 +283,117 @@ TEST_F(SYSWRuleInventoryTest, AFailingApplicationLeavesInventoryAndChangeListAsT
     EXPECT_TRUE(failedOnce);
     EXPECT_TRUE(succeeded);
     EXPECT_TRUE(SYGetApp().Reports().empty());
+}
+
+// On a generated inventory with system rules: an unidentified file is identified, then
+// turned into an ignored one by changing the rule's type, then let go again.
+TEST(SYSWRuleGeneratedInventory, AFileGoesFromUnidentifiedToIdentifiedToIgnoredAndBack) {
+    TempDir install;
+    SYGetApp().SetInstallPath(install.Path());
+    SYGetApp().ClearReports();
+    SYDatabase db;
+    db.OpenMemory();
+    SYInventoryGenerator::Options options;
+    options.seed = 11;
+    options.clients = 60;
+    SYInventoryGenerator(options).Generate(db, install.Path());
+
+    const auto unidentified = [&] {
+        std::map<unsigned long, std::string> files;
+        SYAppFileSet set(db);
+        set.InvDataType = 0;
+        set.FilterForUnidFiles();
+        set.Open();
+        for (; !set.IsEOF(); set.MoveNext())
+            files[set.FileID()] = set.FileName();
+        return files;
+    };
+    const auto before = unidentified();
+    // A name no rule governs in any of its versions, so the new rule decides them all.
+    unsigned long fileID = 0;
+    std::string name;
+    for (const auto& [id, candidate] : before) {
+        auto governed = db.Cached("SELECT COUNT(*) FROM Files WHERE InvDataType = 0 "
+                                  "AND FileName = ?1 AND FileState <> 0");
+        governed->Bind(1, candidate);
+        if (governed->Step() && governed->Int64(0) == 0) {
+            fileID = id;
+            name = candidate;
+            break;
+        }
+    }
+    ASSERT_NE(fileID, 0U);
+    // A rule for the name alone covers every file of that name, wherever it lies.
+    std::set<unsigned long> holders;
+    {
+        auto statement = db.Cached("SELECT DISTINCT l.MachineID FROM FileLocations l JOIN Files f "
+                                   "ON f.FileID = l.FileID WHERE f.InvDataType = 0 "
+                                   "AND f.FileName = ?1");
+        statement->Bind(1, name);
+        while (statement->Step())
+            holders.insert(static_cast<unsigned long>(statement->Int64(0)));
+    }
+    ASSERT_GT(holders.size(), 1U);
+
+    SYSWRule engine;
+    engine.Database = &db;
+    engine.InvDataType = 0;
+    engine.SetInstallPath(install.Path());
+    SYIdRuleItem rule;
+    rule.SetFileName(name);
+    rule.SetAppName("Found By Hand");
+    rule.SetAppVersion("9");
+    rule.SetAppCompany("Test Bench");
+    ASSERT_EQ(engine.AddIdRule(rule, 1), 1);
+    engine.UpdateSamData();
+
+    auto after = unidentified();
+    EXPECT_FALSE(after.count(fileID));
+    for (const auto& [id, other] : before)
+        EXPECT_EQ(after.count(id), SYStrICmp(other, name) == 0 ? 0U : 1U) << other;
+    SYAppFileSet file(db);
+    file.InvDataType = 0;
+    file.FilterForFileID(fileID);
+    file.Open();
+    const unsigned long app = file.AppID();
+    EXPECT_EQ(file.AppName(), "Found By Hand");
+    file.Close();
+    std::set<unsigned long> installedOn;
+    {
+        auto statement = db.Cached("SELECT DISTINCT MachineID FROM Installations "
+                                   "WHERE InvDataType = 0 AND AppID = ?1");
+        statement->Bind(1, static_cast<std::int64_t>(app));
+        while (statement->Step())
+            installedOn.insert(static_cast<unsigned long>(statement->Int64(0)));
+    }
+    EXPECT_EQ(installedOn, holders);
+
+    SYIgnoreRuleItem ignore;
+    static_cast<SYAppFileItem&>(ignore) = rule;
+    ignore.SetComment("not ours");
+    SYSWRule retype;
+    retype.Database = &db;
+    retype.InvDataType = 0;
+    retype.SetInstallPath(install.Path());
+    ASSERT_EQ(retype.ModifyExcludeRule(ignore), 1);
+    EXPECT_EQ(ignore.FileID(), rule.FileID());
+    retype.UpdateSamData();
+    SYAppFile record;
+    record.SetDatabase(&db);
+    ASSERT_EQ(record.LoadData(fileID, 0), 1);
+    EXPECT_EQ(record.State(), AppFileUserIgnored);
+    EXPECT_EQ(record.RuleComment(), "not ours");
+    EXPECT_EQ(record.EffectiveRuleID(), rule.FileID());
+
+    SYSWRule removal;
+    removal.Database = &db;
+    removal.InvDataType = 0;
+    removal.SetInstallPath(install.Path());
+    ASSERT_EQ(removal.RemoveRule(&ignore), 1);
+    removal.UpdateSamData();
+    EXPECT_EQ(unidentified(), before);
+    EXPECT_TRUE(SYGetApp().Reports().empty());
+    SYGetApp().SetInstallPath("");
 }
 
 } // namespace

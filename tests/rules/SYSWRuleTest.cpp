@@ -234,6 +234,23 @@ TEST_F(SYSWRuleWrite, RemoveMatchingRulesRefusesFilesAndSparesNothingWithoutIden
     EXPECT_EQ(Row(id)->state, RuleStateRemoved);
 }
 
+TEST_F(SYSWRuleWrite, AnEngineWithoutDatabaseOrOnAHandheldInventoryReportsAndWritesNothing) {
+    SYSWRule palm;
+    palm.Database = &db;
+    palm.InvDataType = 2;
+    SYSWRule unset;
+    for (SYSWRule* bad : {&palm, &unset}) {
+        SYGetApp().ClearReports();
+        SYIdRuleItem rule = IdRule("a.dll");
+        EXPECT_EQ(bad->AddIdRule(rule, 1), 0);
+        EXPECT_EQ(bad->RemoveMatchingRules(rule), 0);
+        EXPECT_EQ(bad->NumChangedRules(), 0);
+        ASSERT_EQ(NumReports(), 2U);
+        EXPECT_EQ(SYGetApp().Reports().front().kind, "CInvalidArgException");
+    }
+    EXPECT_TRUE(ActiveIDs().empty());
+}
+
 TEST_F(SYSWRuleWrite, ChangedRuleListBounds) {
     SYIdRuleItem rule = IdRule("a");
     engine.AddIdRule(rule, 1);
