@@ -26,8 +26,7 @@ constexpr int Clients = 50000;
 // The inventory is made once, in a folder of its own that goes at exit.
 class Inventory {
 public:
-    Inventory()
-    {
+    Inventory() {
         std::string pattern =
             (std::filesystem::temp_directory_path() / "tvnavbench-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr)
@@ -42,8 +41,7 @@ public:
     }
     Inventory(const Inventory&) = delete;
     Inventory& operator=(const Inventory&) = delete;
-    ~Inventory()
-    {
+    ~Inventory() {
         m_db.Close();
         std::error_code ignored;
         std::filesystem::remove_all(m_folder, ignored);
@@ -57,15 +55,13 @@ private:
     SYDatabase m_db;
 };
 
-Inventory& inventory()
-{
+Inventory& inventory() {
     static Inventory made;
     return made;
 }
 
 // Steps a statement to its end, reading every column as the views read them.
-std::int64_t drain(sqlite3_stmt* stmt)
-{
+std::int64_t drain(sqlite3_stmt* stmt) {
     std::int64_t rows = 0;
     const int columns = sqlite3_column_count(stmt);
     while (sqlite3_step(stmt) == SQLITE_ROW) {
@@ -83,8 +79,7 @@ std::int64_t drain(sqlite3_stmt* stmt)
 
 class Raw {
 public:
-    explicit Raw(const char* sql)
-    {
+    explicit Raw(const char* sql) {
         if (sqlite3_prepare_v2(inventory().Raw(), sql, -1, &m_stmt, nullptr) != SQLITE_OK)
             std::abort();
     }
@@ -112,8 +107,7 @@ const char* const UnidFilesSql =
 // Everything an update reads: the Windows CE companies, both flat branches, the table
 // check and the counts.
 void runRawUpdate(Raw& companies, Raw& palm, Raw& rim, Raw& table, std::vector<Raw*>& counts,
-                  benchmark::State& state)
-{
+                  benchmark::State& state) {
     std::int64_t rows = companies.Run() + palm.Run() + rim.Run() + table.Run();
     for (Raw* count : counts)
         rows += count->Run();
@@ -125,16 +119,14 @@ struct Host {
     SYWnd window;
 };
 
-std::unique_ptr<SYInvTreeWnd> newTree(Host& host)
-{
+std::unique_ptr<SYInvTreeWnd> newTree(Host& host) {
     auto tree = std::make_unique<SYInvTreeWnd>();
     tree->Initialize(200, &host.window);
     tree->SetDatabase(&inventory().Db());
     return tree;
 }
 
-std::vector<HTREEITEM> companyNodes(SYInvTreeWnd& tree)
-{
+std::vector<HTREEITEM> companyNodes(SYInvTreeWnd& tree) {
     std::vector<HTREEITEM> nodes;
     SYTreeCtrlEx& ctrl = tree.GetTreeCtrl();
     for (HTREEITEM n = ctrl.GetChildItem(tree.PPCAppsItem()); n; n = ctrl.GetNextSiblingItem(n))
@@ -144,8 +136,7 @@ std::vector<HTREEITEM> companyNodes(SYInvTreeWnd& tree)
 
 // --- raw twins ------------------------------------------------------------------------------
 
-void BM_RawUpdateQueries(benchmark::State& state)
-{
+void BM_RawUpdateQueries(benchmark::State& state) {
     Raw companies(CompanySql);
     Raw palm("SELECT AppID, AppName, AppVersion, IconName FROM [Palm Applications] ORDER BY "
              "AppID");
@@ -161,15 +152,13 @@ void BM_RawUpdateQueries(benchmark::State& state)
         runRawUpdate(companies, palm, rim, table, counts, state);
 }
 
-void BM_RawCompanyQuery(benchmark::State& state)
-{
+void BM_RawCompanyQuery(benchmark::State& state) {
     Raw companies(CompanySql);
     for (auto _ : state)
         state.counters["rows"] = static_cast<double>(companies.Run());
 }
 
-void BM_RawCompanyApps(benchmark::State& state)
-{
+void BM_RawCompanyApps(benchmark::State& state) {
     Raw companies("SELECT DISTINCT AppCompanyInternal FROM [PPC Applications] WHERE "
                   "AppInstalled = 1");
     std::vector<std::string> names;
@@ -186,15 +175,13 @@ void BM_RawCompanyApps(benchmark::State& state)
     }
 }
 
-void BM_RawUnidFiles(benchmark::State& state)
-{
+void BM_RawUnidFiles(benchmark::State& state) {
     Raw files(UnidFilesSql);
     for (auto _ : state)
         state.counters["rows"] = static_cast<double>(files.Run());
 }
 
-void BM_RawUnidFilesBySize(benchmark::State& state)
-{
+void BM_RawUnidFilesBySize(benchmark::State& state) {
     Raw files((std::string(UnidFilesSql) + " ORDER BY f.FileSize DESC, f.FileName").c_str());
     for (auto _ : state)
         state.counters["rows"] = static_cast<double>(files.Run());
@@ -202,8 +189,7 @@ void BM_RawUnidFilesBySize(benchmark::State& state)
 
 // --- the views ------------------------------------------------------------------------------
 
-void BM_UpdateTreeFirst(benchmark::State& state)
-{
+void BM_UpdateTreeFirst(benchmark::State& state) {
     Host host;
     for (auto _ : state) {
         state.PauseTiming();
@@ -216,8 +202,7 @@ void BM_UpdateTreeFirst(benchmark::State& state)
     }
 }
 
-void BM_UpdateTreeUnchanged(benchmark::State& state)
-{
+void BM_UpdateTreeUnchanged(benchmark::State& state) {
     Host host;
     auto tree = newTree(host);
     tree->UpdateTree();
@@ -226,8 +211,7 @@ void BM_UpdateTreeUnchanged(benchmark::State& state)
     state.counters["companies"] = static_cast<double>(companyNodes(*tree).size());
 }
 
-void BM_ExpandEveryCompany(benchmark::State& state)
-{
+void BM_ExpandEveryCompany(benchmark::State& state) {
     Host host;
     auto tree = newTree(host);
     tree->UpdateTree();
@@ -240,8 +224,7 @@ void BM_ExpandEveryCompany(benchmark::State& state)
     state.counters["companies"] = static_cast<double>(nodes.size());
 }
 
-std::unique_ptr<SYInvListCtrl> newList(Host& host)
-{
+std::unique_ptr<SYInvListCtrl> newList(Host& host) {
     auto list = std::make_unique<SYInvListCtrl>();
     list->Initialize(300, 4052, 0x808000, 14, &host.window);
     list->SetDatabase(&inventory().Db());
@@ -249,8 +232,7 @@ std::unique_ptr<SYInvListCtrl> newList(Host& host)
     return list;
 }
 
-void BM_BuildUnidFiles(benchmark::State& state)
-{
+void BM_BuildUnidFiles(benchmark::State& state) {
     Host host;
     auto list = newList(host);
     for (auto _ : state)
@@ -258,8 +240,7 @@ void BM_BuildUnidFiles(benchmark::State& state)
     state.counters["rows"] = list->GetItemCount();
 }
 
-void BM_SortUnidFilesBySize(benchmark::State& state)
-{
+void BM_SortUnidFilesBySize(benchmark::State& state) {
     Host host;
     auto list = newList(host);
     list->BuildUnidFiles();
@@ -275,8 +256,7 @@ public:
     using SYInvListCtrl::RemoveMatchingFiles;
 };
 
-void BM_RemoveMatchingFiles(benchmark::State& state)
-{
+void BM_RemoveMatchingFiles(benchmark::State& state) {
     Host host;
     TestList list;
     list.Initialize(300, 4052, 0x808000, 14, &host.window);
@@ -301,8 +281,7 @@ void BM_RemoveMatchingFiles(benchmark::State& state)
     state.counters["removed"] = static_cast<double>(removed);
 }
 
-void BM_RawMatchingFiles(benchmark::State& state)
-{
+void BM_RawMatchingFiles(benchmark::State& state) {
     // The rows a rule covers, as the store would read them for the list.
     Raw files((std::string(UnidFilesSql) + " AND f.FileName = ?").c_str());
     Raw pick((std::string(UnidFilesSql) + " ORDER BY f.FileName LIMIT 1 OFFSET "

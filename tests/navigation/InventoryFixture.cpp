@@ -1,7 +1,6 @@
 #include "navigation/InventoryFixture.h"
 
 #include "outside/services/SYConsoleApp.h"
-#include "outside/services/SYStringTable.h"
 #include "outside/store/SYStatement.h"
 
 namespace {
@@ -17,27 +16,6 @@ std::int64_t lastID(SYDatabase& db) {
 } // namespace
 
 void InventoryFixture::SetUp() {
-    const std::pair<int, const char*> strings[] = {
-        {13503, "%s  [ %s ]"},
-        {13504, "Name\tVersion"},
-        {13505, "Name"},
-        {13506, "File\t>Size\tMod Time"},
-        {13507, "File\t>Size\tMod Time"},
-        {13511, "Any"},
-        {13560, "%s  (%s)"},
-        {13570, "(No Company)"},
-        {13571, "Windows Applications  (%s)"},
-        {13572, "Palm Applications  (%s)"},
-        {13573, "Windows CE Applications  (%s)"},
-        {13574, "BlackBerry Applications (%s)"},
-        {13575, "Unidentified Windows CE Files"},
-        {13576, "Ignored Windows CE Files"},
-    };
-    for (const auto& [id, text] : strings) {
-        std::string loaded;
-        if (SYStringTable::Load(id, loaded) == 0)
-            SYStringTable::Register(id, text);
-    }
     db.OpenMemory(true);
     host.Create(SYControlKind::Static, 1, "host", {0, 0, 800, 600}, nullptr);
     SYGetApp().ClearReports();

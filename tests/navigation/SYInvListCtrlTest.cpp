@@ -143,6 +143,7 @@ TEST_F(InvListTest, CompaniesListOncePerInternalNameWithNoCompanyFirst) {
     AddApp(1, "Zeta", "zeta", "Z", "1");
     AddApp(1, "Acme Corp.", "acme", "A", "1");
     AddApp(1, "ACME", "ACME", "A2", "1");
+    AddApp(1, "Acme Corp.", "acme", "A3", "1");
     AddApp(1, "", "", "Loose", "1");
     AddApp(0, "Windows Only", "windows only", "W", "1");
     list.SetCompanyListMode(1);

@@ -7,6 +7,7 @@
 #include "navigation/SYInvTreeWnd.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYStatement.h"
+#include "outside/widgets/SYAdminImages.h"
 
 namespace {
 
@@ -66,9 +67,9 @@ TEST_F(InvTreeTest, EmptyStoreGivesEveryRootWithZeroCountsAndSelectsTheFirst) {
                                     "Windows CE Applications  (0)", "Unidentified Windows CE Files",
                                     "Ignored Windows CE Files"}));
     EXPECT_EQ(ctrl().GetSelectedItem(), tree.PalmAppsItem());
-    EXPECT_EQ(ctrl().GetItemImage(tree.PPCUnidFilesItem()), SYInvTreeWnd::ImagePPCUnid);
-    EXPECT_EQ(ctrl().GetItemImage(tree.PPCExcludesItem()), SYInvTreeWnd::ImagePPCExcludes);
-    EXPECT_EQ(ctrl().GetItemImage(tree.RIMAppsItem()), SYInvTreeWnd::ImageRIMRoot);
+    EXPECT_EQ(ctrl().GetItemImage(tree.PPCUnidFilesItem()), SYAdminImages::ImagePPCUnid);
+    EXPECT_EQ(ctrl().GetItemImage(tree.PPCExcludesItem()), SYAdminImages::ImagePPCExcludes);
+    EXPECT_EQ(ctrl().GetItemImage(tree.RIMAppsItem()), SYAdminImages::ImageRIMRoot);
     EXPECT_FALSE(ctrl().ItemExpanded(tree.PPCAppsItem()));
     EXPECT_EQ(tree.AppsItem(), nullptr);
     EXPECT_TRUE(SYGetApp().Reports().empty());
@@ -157,6 +158,7 @@ TEST_F(InvTreeTest, MergeOrdersByInternalNameAndFoldsCaseVariants) {
     AddApp(1, "Zeta", "zeta", "Z", "1");
     AddApp(1, "Mid Co", "mid", "M", "1");
     AddApp(1, "MID co", "MID", "M2", "1");
+    AddApp(1, "Mid Co", "mid", "M3", "1"); // the commonest spelling is shown
     AddApp(1, "", "", "Loose", "1");
     AddApp(1, "Hidden", "hidden", "Gone", "1", 0);
     tree.UpdateTree();
@@ -171,7 +173,7 @@ TEST_F(InvTreeTest, MergeOrdersByInternalNameAndFoldsCaseVariants) {
 
     // Both spellings' applications stand below the one node.
     tree.CheckBuildItem(mid);
-    EXPECT_EQ(texts(mid), (Strings{"M  [ 1 ]", "M2  [ 1 ]"}));
+    EXPECT_EQ(texts(mid), (Strings{"M  [ 1 ]", "M2  [ 1 ]", "M3  [ 1 ]"}));
     std::string display;
     ctrl().SelectItem(ctrl().GetChildItem(tree.PPCAppsItem()));
     EXPECT_EQ(tree.GetSelectedCompanyDisplayName(display), 1);

@@ -6,7 +6,6 @@
 #include <memory>
 
 #include "navigation/SYAppItem.h"
-#include "navigation/SYInvStrings.h"
 #include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/framework/SYString.h"
@@ -18,20 +17,14 @@
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYPalmAppEnum.h"
 #include "outside/store/SYRIMAppEnum.h"
+#include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYFontMetrics.h"
+#include "resources/SYResourceIds.h"
 #include "rules/SYAppFileItem.h"
 #include "rules/SYCompanyItem.h"
 #include "rules/SYIdRuleItem.h"
 
 namespace {
-
-constexpr int ImageCompany = 2;
-constexpr int ImageApplication = 3;
-constexpr int ImageFile = 6;
-constexpr int ImagePalmApp = 12;
-constexpr int ImagePPCCompany = 14;
-constexpr int ImagePPCApp = 15;
-constexpr int ImageRIMApp = 21;
 
 struct ModeSpec {
     int headerString;
@@ -41,25 +34,24 @@ struct ModeSpec {
 // In the order of the mode indexes: company, application, ignored files, unidentified
 // files, Palm applications, BlackBerry applications.
 const std::array<ModeSpec, 6> modeSpecs{{
-    {SYInvStrings::CompanyListHeader,
-     {"SAMPLE2 Software Information Management Group", nullptr, nullptr}},
-    {SYInvStrings::AppListHeader, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
-    {SYInvStrings::ExcludedFilesHeader, {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
-    {SYInvStrings::UnidFilesHeader, {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
-    {SYInvStrings::AppListHeader, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
-    {SYInvStrings::AppListHeader, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
+    {IDS_HDR_COMPANY_LIST, {"SAMPLE2 Software Information Management Group", nullptr, nullptr}},
+    {IDS_HDR_APP_LIST, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
+    {IDS_HDR_EXCLUDED_FILES, {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
+    {IDS_HDR_UNID_FILES, {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
+    {IDS_HDR_APP_LIST, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
+    {IDS_HDR_APP_LIST, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888", nullptr}},
 }};
 
 int appImage(const SYAppItem& app) {
     switch (app.AppType()) {
     case SYAppItem::AppTypePalm:
-        return ImagePalmApp;
+        return SYAdminImages::ImagePalmApp;
     case SYAppItem::AppTypeRIM:
-        return ImageRIMApp;
+        return SYAdminImages::ImageRIMApp;
     case SYAppItem::AppTypePPC:
-        return ImagePPCApp;
+        return SYAdminImages::ImagePPCApp;
     default:
-        return ImageApplication;
+        return SYAdminImages::ImageApplication;
     }
 }
 
@@ -337,8 +329,7 @@ void SYInvListCtrl::BuildPalmAppList() {
                 const std::string icon = enumerator.CurrentAppIconName();
                 const std::string shown =
                     !icon.empty() && icon != name
-                        ? SYFormatText(SYStringTable::Get(SYInvStrings::PalmIconAndName),
-                                       {icon, name})
+                        ? SYFormatText(SYStringTable::Get(IDS_ICON_AND_NAME), {icon, name})
                         : name;
                 auto* app = m_data.Add(std::make_unique<SYAppItem>());
                 app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
@@ -404,8 +395,9 @@ template <class RowOf> void SYInvListCtrl::BuildRows(int keepScroll, RowOf rowOf
 }
 
 void SYInvListCtrl::BuildCompanyListFromData() {
-    const int image = m_invDataType == InvDataPPC ? ImagePPCCompany : ImageCompany;
-    const std::string noCompany = SYStringTable::Get(SYInvStrings::NoCompany);
+    const int image =
+        m_invDataType == InvDataPPC ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
+    const std::string noCompany = SYStringTable::Get(IDS_NO_COMPANY);
     BuildRows(0, [&](const SYListItem& record, std::string& text) {
         const auto& company = static_cast<const SYCompanyItem&>(record);
         text = company.InternalName().empty() ? noCompany : company.DisplayName();
@@ -424,7 +416,7 @@ void SYInvListCtrl::BuildAppListFromData(int keepScroll) {
 void SYInvListCtrl::BuildFileListFromData(int keepScroll) {
     BuildRows(keepScroll, [](const SYListItem& record, std::string& text) {
         static_cast<const SYAppFileItem&>(record).MakeString(text);
-        return ImageFile;
+        return SYAdminImages::ImageFile;
     });
 }
 

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "navigation/SYAppItem.h"
-#include "navigation/SYInvStrings.h"
 #include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/framework/SYStatus.h"
@@ -18,22 +17,21 @@
 #include "outside/store/SYPalmAppEnum.h"
 #include "outside/store/SYRIMAppEnum.h"
 #include "outside/store/SYTableSet.h"
+#include "outside/widgets/SYAdminImages.h"
+#include "resources/SYResourceIds.h"
 #include "rules/SYCompanyItem.h"
 
 SY_IMPLEMENT_DYNCREATE(SYInvTreeWnd, SYTreeHeaderWnd)
 
 namespace {
 
-constexpr unsigned TreeBitmap = 4052;
-constexpr int TreeImageWidth = 14;
-constexpr unsigned TreeMaskColour = 0x808000;
 constexpr const char* Placeholder = "<>";
 constexpr const char* RIMTable = "RIM Applications";
 
 std::string appNodeText(const SYAppItem& app) {
     if (app.AppVersion().empty())
         return app.AppName();
-    return SYFormatText(SYStringTable::Get(SYInvStrings::AppNameVersion),
+    return SYFormatText(SYStringTable::Get(IDS_NAME_AND_VERSION),
                         {app.AppName(), app.AppVersion()});
 }
 
@@ -63,7 +61,8 @@ int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent) {
     const int result = SYTreeHeaderWnd::Initialize(id, parent);
     if (result == 0)
         return 0;
-    m_imageList.Create(TreeBitmap, TreeImageWidth, 0, TreeMaskColour);
+    m_imageList.Create(SYAdminImages::InventoryBitmap, SYAdminImages::ImageWidth, 0,
+                       SYAdminImages::MaskColour);
     Tree().SetImageList(&m_imageList, 0);
     return result;
 }
@@ -75,27 +74,27 @@ int SYInvTreeWnd::HasImage(HTREEITEM node, int image) const {
 }
 
 int SYInvTreeWnd::IsItemCompany(HTREEITEM node) const {
-    return HasImage(node, ImageCompany);
+    return HasImage(node, SYAdminImages::ImageCompany);
 }
 
 int SYInvTreeWnd::IsItemApplication(HTREEITEM node) const {
-    return HasImage(node, ImageApplication);
+    return HasImage(node, SYAdminImages::ImageApplication);
 }
 
 int SYInvTreeWnd::IsItemPPCCompany(HTREEITEM node) const {
-    return HasImage(node, ImagePPCCompany);
+    return HasImage(node, SYAdminImages::ImagePPCCompany);
 }
 
 int SYInvTreeWnd::IsItemPPCApplication(HTREEITEM node) const {
-    return HasImage(node, ImagePPCApp);
+    return HasImage(node, SYAdminImages::ImagePPCApp);
 }
 
 int SYInvTreeWnd::IsItemPalmApplication(HTREEITEM node) const {
-    return HasImage(node, ImagePalmApp);
+    return HasImage(node, SYAdminImages::ImagePalmApp);
 }
 
 int SYInvTreeWnd::IsItemRIMApplication(HTREEITEM node) const {
-    return HasImage(node, ImageRIMApp);
+    return HasImage(node, SYAdminImages::ImageRIMApp);
 }
 
 SYCompanyItem* SYInvTreeWnd::CompanyOf(HTREEITEM node) const {
@@ -129,21 +128,24 @@ std::uint32_t SYInvTreeWnd::SelectedDataFor(int image, int otherImage) const {
 }
 
 std::uint32_t SYInvTreeWnd::GetSelectedAppID() const {
-    return SelectedDataFor(ImageApplication, ImagePPCApp);
+    return SelectedDataFor(SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
 }
 
 std::int32_t SYInvTreeWnd::GetSelectedPalmAppID() const {
-    return static_cast<std::int32_t>(SelectedDataFor(ImagePalmApp, ImagePalmApp));
+    return static_cast<std::int32_t>(
+        SelectedDataFor(SYAdminImages::ImagePalmApp, SYAdminImages::ImagePalmApp));
 }
 
 std::int32_t SYInvTreeWnd::GetSelectedRIMAppID() const {
-    return static_cast<std::int32_t>(SelectedDataFor(ImageRIMApp, ImageRIMApp));
+    return static_cast<std::int32_t>(
+        SelectedDataFor(SYAdminImages::ImageRIMApp, SYAdminImages::ImageRIMApp));
 }
 
 int SYInvTreeWnd::SelectCompany(const std::string& name, HTREEITEM root) {
     if (root == nullptr)
         return 0;
-    const int image = root == m_ppcAppsItem ? ImagePPCCompany : ImageCompany;
+    const int image =
+        root == m_ppcAppsItem ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
     const HTREEITEM node = Tree().FindItem(root, name, image);
     if (node == nullptr)
         return 0;
@@ -172,15 +174,17 @@ int SYInvTreeWnd::SelectChild(HTREEITEM parent, std::uint32_t id, int image, int
 }
 
 int SYInvTreeWnd::SelectApplication(std::uint32_t id, HTREEITEM parent) {
-    return SelectChild(parent, id, ImageApplication, ImagePPCApp);
+    return SelectChild(parent, id, SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
 }
 
 int SYInvTreeWnd::SelectPalmApplication(std::int32_t id, HTREEITEM parent) {
-    return SelectChild(parent, static_cast<std::uint32_t>(id), ImagePalmApp, ImagePalmApp);
+    return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImagePalmApp,
+                       SYAdminImages::ImagePalmApp);
 }
 
 int SYInvTreeWnd::SelectRIMApplication(std::int32_t id, HTREEITEM parent) {
-    return SelectChild(parent, static_cast<std::uint32_t>(id), ImageRIMApp, ImageRIMApp);
+    return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImageRIMApp,
+                       SYAdminImages::ImageRIMApp);
 }
 
 // --- building and updating ----------------------------------------------------------
@@ -205,7 +209,8 @@ void SYInvTreeWnd::UpdateTree() {
 void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node) {
     SYTreeCtrlEx& tree = Tree();
     tree.DeleteChildren(node);
-    tree.InsertItem(Placeholder, ImageApplication, ImageApplication, node, TVI_LAST);
+    tree.InsertItem(Placeholder, SYAdminImages::ImageApplication, SYAdminImages::ImageApplication,
+                    node, TVI_LAST);
     tree.SetItemState(node, 0, TVIS_EXPANDEDONCE);
 }
 
@@ -242,7 +247,7 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
     if (!ppc && !IsItemCompany(node))
         return;
     SYTreeCtrlEx& tree = Tree();
-    const int appImage = ppc ? ImagePPCApp : ImageApplication;
+    const int appImage = ppc ? SYAdminImages::ImagePPCApp : SYAdminImages::ImageApplication;
 
     // An application is known again by its text: a rebuilt row may carry a new id.
     const HTREEITEM selected = tree.GetSelectedItem();
@@ -264,7 +269,8 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
         if (app == nullptr)
             continue;
         const std::string text = appNodeText(*app);
-        const int image = app->AppType() == SYAppItem::AppTypePPC ? ImagePPCApp : ImageApplication;
+        const int image = app->AppType() == SYAppItem::AppTypePPC ? SYAdminImages::ImagePPCApp
+                                                                  : SYAdminImages::ImageApplication;
         const HTREEITEM child = tree.InsertItem(text, image, image, node, TVI_LAST);
         if (child == nullptr)
             continue;
@@ -281,9 +287,9 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
 
 HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const std::string& display,
                                       const std::string& internal, std::uint8_t platform) {
-    const std::string text =
-        display.empty() ? SYStringTable::Get(SYInvStrings::NoCompany) : display;
-    const int image = platform == InvDataPPC ? ImagePPCCompany : ImageCompany;
+    const std::string text = display.empty() ? SYStringTable::Get(IDS_NO_COMPANY) : display;
+    const int image =
+        platform == InvDataPPC ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
     const HTREEITEM node = Tree().InsertItem(text, image, image, root, after);
     if (node == nullptr)
         return nullptr;
@@ -306,7 +312,8 @@ HTREEITEM SYInvTreeWnd::DropCompany(HTREEITEM node) {
 
 void SYInvTreeWnd::UpdateApps(HTREEITEM root, std::uint8_t platform) {
     SYTreeCtrlEx& tree = Tree();
-    const int companyImage = platform == InvDataPPC ? ImagePPCCompany : ImageCompany;
+    const int companyImage =
+        platform == InvDataPPC ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
     try {
         SYAppCompanySet set(Database());
         set.InvDataType = platform;
@@ -367,8 +374,9 @@ HTREEITEM SYInvTreeWnd::FindAppNode(std::uint32_t appID, bool cePlatform) {
     const HTREEITEM root = cePlatform ? m_ppcAppsItem : m_appsItem;
     if (root == nullptr)
         return nullptr;
-    const int companyImage = cePlatform ? ImagePPCCompany : ImageCompany;
-    const int appImage = cePlatform ? ImagePPCApp : ImageApplication;
+    const int companyImage =
+        cePlatform ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
+    const int appImage = cePlatform ? SYAdminImages::ImagePPCApp : SYAdminImages::ImageApplication;
     HTREEITEM node = tree.GetChildItem(root);
     while (node != nullptr) {
         if (HasImage(node, companyImage)) {
@@ -463,13 +471,13 @@ void SYInvTreeWnd::RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int 
 void SYInvTreeWnd::UpdatePalmApps() {
     if (m_palmAppsItem == nullptr)
         m_palmAppsItem =
-            InsertRoot(rootLabel(SYInvStrings::PalmAppsRoot, "0"), ImagePalmRoot, TVI_LAST);
+            InsertRoot(rootLabel(IDS_ROOT_PALM_APPS, "0"), SYAdminImages::ImagePalmRoot, TVI_LAST);
     if (m_palmAppsItem != nullptr)
         BuildPalmApps(m_palmAppsItem);
 }
 
 void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
-    const std::int32_t oldID = SelectedFlatAppID(ImagePalmApp);
+    const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImagePalmApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
     try {
@@ -494,11 +502,11 @@ void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
     } catch (const SYStatus& status) {
         SYStatusReport(status, nullptr);
     }
-    RebuildFlatBranch(root, apps, ImagePalmApp, oldID, root);
+    RebuildFlatBranch(root, apps, SYAdminImages::ImagePalmApp, oldID, root);
 }
 
 void SYInvTreeWnd::BuildRIMApps(HTREEITEM root) {
-    const std::int32_t oldID = SelectedFlatAppID(ImageRIMApp);
+    const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImageRIMApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
     try {
@@ -520,21 +528,21 @@ void SYInvTreeWnd::BuildRIMApps(HTREEITEM root) {
     } catch (const SYStatus& status) {
         SYStatusReport(status, nullptr);
     }
-    RebuildFlatBranch(root, apps, ImageRIMApp, oldID, m_rimAppsItem);
+    RebuildFlatBranch(root, apps, SYAdminImages::ImageRIMApp, oldID, m_rimAppsItem);
 }
 
 void SYInvTreeWnd::UpdatePPCData() {
     if (m_ppcAppsItem == nullptr)
-        m_ppcAppsItem =
-            InsertRoot(rootLabel(SYInvStrings::PPCAppsRoot, "0"), ImagePPCRoot, m_palmAppsItem);
+        m_ppcAppsItem = InsertRoot(rootLabel(IDS_ROOT_PPC_APPS, "0"), SYAdminImages::ImagePPCRoot,
+                                   m_palmAppsItem);
     if (m_ppcAppsItem != nullptr)
         UpdateApps(m_ppcAppsItem, InvDataPPC);
     if (m_ppcUnidFilesItem == nullptr)
-        m_ppcUnidFilesItem = InsertRoot(SYStringTable::Get(SYInvStrings::PPCUnidFilesRoot),
-                                        ImagePPCUnid, m_ppcExcludesItem);
+        m_ppcUnidFilesItem = InsertRoot(SYStringTable::Get(IDS_ROOT_PPC_UNID_FILES),
+                                        SYAdminImages::ImagePPCUnid, m_ppcExcludesItem);
     if (m_ppcExcludesItem == nullptr)
-        m_ppcExcludesItem = InsertRoot(SYStringTable::Get(SYInvStrings::PPCExcludesRoot),
-                                       ImagePPCExcludes, m_ppcUnidFilesItem);
+        m_ppcExcludesItem = InsertRoot(SYStringTable::Get(IDS_ROOT_PPC_IGNORED_FILES),
+                                       SYAdminImages::ImagePPCExcludes, m_ppcUnidFilesItem);
 }
 
 bool SYInvTreeWnd::HaveRIMTable() {
@@ -560,8 +568,8 @@ void SYInvTreeWnd::UpdateRIMApps() {
         return;
     }
     if (m_rimAppsItem == nullptr)
-        m_rimAppsItem =
-            InsertRoot(rootLabel(SYInvStrings::RIMAppsRoot, "0"), ImageRIMRoot, m_palmAppsItem);
+        m_rimAppsItem = InsertRoot(rootLabel(IDS_ROOT_RIM_APPS, "0"), SYAdminImages::ImageRIMRoot,
+                                   m_palmAppsItem);
     if (m_rimAppsItem != nullptr)
         BuildRIMApps(m_rimAppsItem);
 }
@@ -749,17 +757,17 @@ void SYInvTreeWnd::UpdateAppCounts() {
         {m_appsItem,
          "SELECT Count([Applications].AppID) AS AppCount FROM Applications WHERE "
          "[Applications].AppInstalled=1",
-         SYInvStrings::AppsRoot},
+         IDS_ROOT_APPS},
         {m_palmAppsItem,
          "SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]",
-         SYInvStrings::PalmAppsRoot},
+         IDS_ROOT_PALM_APPS},
         {m_ppcAppsItem,
          "SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
          "[PPC Applications].AppInstalled=1",
-         SYInvStrings::PPCAppsRoot},
+         IDS_ROOT_PPC_APPS},
         {m_rimAppsItem,
          "SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]",
-         SYInvStrings::RIMAppsRoot},
+         IDS_ROOT_RIM_APPS},
     }};
     try {
         SYRecordset set(Database());

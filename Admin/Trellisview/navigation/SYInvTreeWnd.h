@@ -19,21 +19,6 @@ class SYInvTreeWnd : public SYInvBaseTreeWnd {
     SY_DECLARE_DYNCREATE(SYInvTreeWnd)
 
 public:
-    // Node kinds by image index.
-    enum : int {
-        ImageCompany = 2,
-        ImageApplication = 3,
-        ImagePalmRoot = 11,
-        ImagePalmApp = 12,
-        ImagePPCRoot = 13,
-        ImagePPCCompany = 14,
-        ImagePPCApp = 15,
-        ImagePPCExcludes = 16,
-        ImagePPCUnid = 18,
-        ImageRIMRoot = 20,
-        ImageRIMApp = 21,
-    };
-
     SYInvTreeWnd();
     ~SYInvTreeWnd() override;
 
