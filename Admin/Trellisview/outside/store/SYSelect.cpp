@@ -15,6 +15,8 @@ std::string SYSelect::Sql() const {
     std::string sql = "SELECT " + m_columns + " FROM " + m_from;
     for (std::size_t i = 0; i < m_where.size(); ++i)
         sql += (i == 0 ? " WHERE " : " AND ") + m_where[i];
+    if (!m_groupBy.empty())
+        sql += " GROUP BY " + m_groupBy;
     if (!m_orderBy.empty())
         sql += " ORDER BY " + m_orderBy;
     return sql;

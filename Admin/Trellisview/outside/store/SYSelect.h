@@ -16,6 +16,7 @@ public:
     void Where(std::string condition) { m_where.push_back(std::move(condition)); }
     void Where(std::string condition, SYDbValue value);
     void Where(std::string condition, SYDbValue first, SYDbValue second);
+    void GroupBy(std::string group) { m_groupBy = std::move(group); }
     void OrderBy(std::string order) { m_orderBy = std::move(order); }
 
     std::string Sql() const;
@@ -25,6 +26,7 @@ private:
     std::string m_columns;
     std::string m_from;
     std::vector<std::string> m_where;
+    std::string m_groupBy;
     std::string m_orderBy;
     std::vector<SYDbValue> m_parameters;
 };

@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "outside/framework/CException.h"
+#include "outside/store/SYAppCompanySet.h"
+#include "outside/store/SYAppEnum.h"
+#include "outside/store/SYAppSet.h"
+#include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryWriter.h"
+#include "outside/store/SYPalmAppEnum.h"
+#include "outside/store/SYRIMAppEnum.h"
+#include "outside/store/SYSamData.h"
+#include "outside/store/SYTableSet.h"
+
+namespace {
+
+// Companies scanned in several spellings, one application seen in two versions, one
+// application whose only file gets ignored, and handheld applications.
+class AppInventory : public testing::Test {
+protected:
+    void SetUp() override {
+        db.OpenMemory();
+        SYInventoryWriter writer(db);
+        const auto pc = writer.AddMachine("pc", "", CTime(0));
+        const auto add = [&](const char* file, const char* app, const char* version,
+                             const char* company) {
+            writer.AddFile(0, pc, "C:\\Apps", {file, 10, 60, app, version, company});
+        };
+        add("zeta.exe", "Zeta", "1.0", "Acme Corp.");
+        add("zeta2.exe", "zeta", "2.0", "ACME Corporation");
+        add("alpha.exe", "Alpha", "", "Acme Corp.");
+        add("gone.exe", "Gone", "1", "Vanishing Ltd");
+        add("beta.exe", "Beta", "3", "Bolt, Inc.");
+        add("beta2.exe", "Beta Tools", "3", "Bolt Inc");
+        add("beta3.exe", "Beta Extra", "3", "Bolt, Inc.");
+        const auto palm = writer.AddDevice(2, "palm", "", CTime(0));
+        writer.AddPalmInstallation(writer.AddPalmApplication({"Tides", "1", "TidesDB", "TIDE", ""}),
+                                   palm, {});
+        writer.AddPalmInstallation(
+            writer.AddPalmApplication({"Memo", "2", "MemoDB", "MEMO", "Memo+"}), palm, {});
+        gone = writer.AddUserRule({0, 1, "gone.exe", {}, CTime(), "", "", "", "ignored"});
+        writer.Commit();
+    }
+
+    SYDatabase db;
+    unsigned long gone = 0;
+};
+
+TEST_F(AppInventory, CompaniesComeByInternalNameWithTheCommonestSpellingFirst) {
+    SYAppCompanySet set(db);
+    set.Open();
+    std::vector<std::string> rows;
+    for (; !set.IsEOF(); set.MoveNext())
+        rows.push_back(set.AppCompanyInternal() + "=" + set.AppCompany());
+    EXPECT_EQ(rows, (std::vector<std::string>{"acme=Acme Corp.", "acme=ACME Corporation",
+                                              "bolt=Bolt, Inc.", "bolt=Bolt Inc"}));
+}
+
+TEST_F(AppInventory, EnumeratesInstalledApplicationsOfOneCompany) {
+    SYAppEnum apps;
+    apps.SetDatabase(&db);
+    apps.SetCompanyName("acme");
+    ASSERT_NE(apps.BeginEnumApps(), 0);
+    std::vector<std::string> rows;
+    std::string name;
+    std::string version;
+    std::string internal;
+    while (apps.EnumApp(name, version, internal) != 0) {
+        rows.push_back(name + "|" + version + "|" + internal);
+        SYAppSet check(db);
+        check.FilterForAppID(apps.CurrentAppID());
+        check.Open();
+        ASSERT_FALSE(check.IsEOF());
+        EXPECT_EQ(check.AppName(), name);
+        EXPECT_EQ(check.AppCompanyInternal(), "acme");
+    }
+    apps.EndEnumApps();
+    EXPECT_EQ(rows, (std::vector<std::string>{"Alpha||alpha", "Zeta|1.0|zeta", "zeta|2.0|zeta"}));
+
+    SYAppEnum nobody(&db);
+    nobody.SetCompanyName("vanishing");
+    EXPECT_EQ(nobody.BeginEnumApps(), 0);
+    SYAppSet all(db);
+    all.FilterForCompany("vanishing");
+    all.Open();
+    ASSERT_FALSE(all.IsEOF());
+    EXPECT_EQ(all.AppInstalled(), 0);
+    all.FilterForInstalledApps();
+    all.Requery();
+    EXPECT_TRUE(all.IsEOF());
+}
+
+TEST_F(AppInventory, HandheldApplicationsAndTables) {
+    SYPalmAppEnum palm(&db);
+    ASSERT_NE(palm.BeginEnumApps(), 0);
+    std::vector<std::string> rows;
+    std::string name;
+    while (palm.EnumApp(name) != 0)
+        rows.push_back(name + "|" + palm.CurrentAppVersion() + "|" + palm.CurrentAppIconName());
+    palm.EndEnumApps();
+    EXPECT_EQ(rows, (std::vector<std::string>{"Memo|2|Memo+", "Tides|1|"}));
+
+    SYRIMAppEnum rim(&db);
+    EXPECT_EQ(rim.BeginEnumApps(), 0);
+    SYDatabase old;
+    old.OpenMemory(false);
+    SYRIMAppEnum oldRim(&old);
+    EXPECT_THROW(oldRim.BeginEnumApps(), CDBException);
+
+    for (auto* store : {&db, &old}) {
+        SYTableSet tables(store);
+        tables.FilterForTable("RIM Applications");
+        tables.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
+        EXPECT_EQ(tables.IsEOF() == 0, store == &db);
+        tables.Close();
+    }
+    SYTableSet lowerCase(db);
+    lowerCase.FilterForTable("rim applications");
+    lowerCase.Open();
+    EXPECT_TRUE(lowerCase.IsEOF());
+}
+
+} // namespace
