@@ -6,7 +6,8 @@
 #include "outside/store/SYEnumerator.h"
 
 // The installed applications of inventory 0 or 1, of one company when SetCompanyName was
-// given its internal name, in order of internal name and version.
+// given its internal name (compared without regard to case, as the company set runs), in
+// order of internal name and version.
 class SYAppEnum : public SYEnumerator {
 public:
     using SYEnumerator::SYEnumerator;

@@ -1,0 +1,21 @@
+#include "navigation/SYTextFormat.h"
+
+std::string SYFormatText(const std::string& format, std::initializer_list<std::string> args) {
+    std::string text;
+    text.reserve(format.size() + 32);
+    auto arg = args.begin();
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        const bool mark = format[i] == '%' && i + 1 < format.size();
+        if (mark && format[i + 1] == 's') {
+            if (arg != args.end())
+                text += *arg++;
+            ++i;
+        } else if (mark && format[i + 1] == '%') {
+            text += '%';
+            ++i;
+        } else {
+            text += format[i];
+        }
+    }
+    return text;
+}

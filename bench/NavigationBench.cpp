@@ -1,0 +1,311 @@
+// The inventory tree and list on a generated inventory of 50,000 clients, each against the
+// raw SQLite query for the same rows on the same connection in the same run: each view
+// benchmark follows its raw twin, and the ratio of the two times is the figure to watch.
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "navigation/SYInvListCtrl.h"
+#include "navigation/SYInvTreeWnd.h"
+#include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryGenerator.h"
+#include "outside/widgets/SYWnd.h"
+#include "rules/SYIgnoreRuleItem.h"
+
+namespace {
+
+constexpr int Clients = 50000;
+
+// The inventory is made once, in a folder of its own that goes at exit.
+class Inventory {
+public:
+    Inventory() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "tvnavbench-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr)
+            std::abort();
+        m_folder = pattern;
+        SYInventoryGenerator::Options options;
+        options.seed = 7;
+        options.clients = Clients;
+        SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
+                                             options);
+        m_db.Open(m_folder + "/inventory.db");
+    }
+    Inventory(const Inventory&) = delete;
+    Inventory& operator=(const Inventory&) = delete;
+    ~Inventory() {
+        m_db.Close();
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    SYDatabase& Db() { return m_db; }
+    sqlite3* Raw() { return m_db.Handle(); }
+
+private:
+    std::string m_folder;
+    SYDatabase m_db;
+};
+
+Inventory& inventory() {
+    static Inventory made;
+    return made;
+}
+
+// Steps a statement to its end, reading every column as the views read them.
+std::int64_t drain(sqlite3_stmt* stmt) {
+    std::int64_t rows = 0;
+    const int columns = sqlite3_column_count(stmt);
+    while (sqlite3_step(stmt) == SQLITE_ROW) {
+        for (int c = 0; c < columns; ++c) {
+            if (sqlite3_column_type(stmt, c) == SQLITE_TEXT)
+                benchmark::DoNotOptimize(sqlite3_column_text(stmt, c));
+            else
+                benchmark::DoNotOptimize(sqlite3_column_int64(stmt, c));
+        }
+        ++rows;
+    }
+    sqlite3_reset(stmt);
+    return rows;
+}
+
+class Raw {
+public:
+    explicit Raw(const char* sql) {
+        if (sqlite3_prepare_v2(inventory().Raw(), sql, -1, &m_stmt, nullptr) != SQLITE_OK)
+            std::abort();
+    }
+    Raw(const Raw&) = delete;
+    Raw& operator=(const Raw&) = delete;
+    ~Raw() { sqlite3_finalize(m_stmt); }
+    sqlite3_stmt* get() const { return m_stmt; }
+    std::int64_t Run() { return drain(m_stmt); }
+
+private:
+    sqlite3_stmt* m_stmt = nullptr;
+};
+
+const char* const CompanySql =
+    "SELECT AppCompany, AppCompanyInternal FROM (SELECT AppCompany, AppCompanyInternal, "
+    "MIN(AppID) AS FirstAppID FROM [PPC Applications] WHERE AppInstalled = 1 GROUP BY "
+    "AppCompanyInternal, AppCompany) ORDER BY AppCompanyInternal COLLATE NOCASE, FirstAppID";
+const char* const CompanyAppsSql =
+    "SELECT AppID, AppName, AppNameInternal, AppVersion FROM [PPC Applications] WHERE "
+    "AppInstalled = 1 AND AppCompanyInternal = ? COLLATE NOCASE";
+const char* const UnidFilesSql =
+    "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f WHERE f.InvDataType = 0 "
+    "AND f.FileState = 0";
+
+// Everything an update reads: the Windows CE companies, both flat branches, the table
+// check and the counts.
+void runRawUpdate(Raw& companies, Raw& palm, Raw& rim, Raw& table, std::vector<Raw*>& counts,
+                  benchmark::State& state) {
+    std::int64_t rows = companies.Run() + palm.Run() + rim.Run() + table.Run();
+    for (Raw* count : counts)
+        rows += count->Run();
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
+struct Host {
+    Host() { window.Create(SYControlKind::Static, 1, "host", {0, 0, 1024, 768}, nullptr); }
+    SYWnd window;
+};
+
+std::unique_ptr<SYInvTreeWnd> newTree(Host& host) {
+    auto tree = std::make_unique<SYInvTreeWnd>();
+    tree->Initialize(200, &host.window);
+    tree->SetDatabase(&inventory().Db());
+    return tree;
+}
+
+std::vector<HTREEITEM> companyNodes(SYInvTreeWnd& tree) {
+    std::vector<HTREEITEM> nodes;
+    SYTreeCtrlEx& ctrl = tree.GetTreeCtrl();
+    for (HTREEITEM n = ctrl.GetChildItem(tree.PPCAppsItem()); n; n = ctrl.GetNextSiblingItem(n))
+        nodes.push_back(n);
+    return nodes;
+}
+
+// --- raw twins ------------------------------------------------------------------------------
+
+void BM_RawUpdateQueries(benchmark::State& state) {
+    Raw companies(CompanySql);
+    Raw palm("SELECT AppID, AppName, AppVersion, IconName FROM [Palm Applications] ORDER BY "
+             "AppID");
+    Raw rim("SELECT AppID, AppName, AppVersion FROM [RIM Applications] ORDER BY AppID");
+    Raw table("SELECT name FROM sqlite_master WHERE type = 'table' AND name = 'RIM "
+              "Applications' COLLATE NOCASE ORDER BY name");
+    Raw c1("SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]");
+    Raw c2("SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
+           "[PPC Applications].AppInstalled=1");
+    Raw c3("SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]");
+    std::vector<Raw*> counts{&c1, &c2, &c3};
+    for (auto _ : state)
+        runRawUpdate(companies, palm, rim, table, counts, state);
+}
+
+void BM_RawCompanyQuery(benchmark::State& state) {
+    Raw companies(CompanySql);
+    for (auto _ : state)
+        state.counters["rows"] = static_cast<double>(companies.Run());
+}
+
+void BM_RawCompanyApps(benchmark::State& state) {
+    Raw companies("SELECT DISTINCT AppCompanyInternal FROM [PPC Applications] WHERE "
+                  "AppInstalled = 1");
+    std::vector<std::string> names;
+    while (sqlite3_step(companies.get()) == SQLITE_ROW)
+        names.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(companies.get(), 0)));
+    Raw apps(CompanyAppsSql);
+    for (auto _ : state) {
+        std::int64_t rows = 0;
+        for (const std::string& name : names) {
+            sqlite3_bind_text(apps.get(), 1, name.c_str(), -1, SQLITE_TRANSIENT);
+            rows += apps.Run();
+        }
+        state.counters["rows"] = static_cast<double>(rows);
+    }
+}
+
+void BM_RawUnidFiles(benchmark::State& state) {
+    Raw files(UnidFilesSql);
+    for (auto _ : state)
+        state.counters["rows"] = static_cast<double>(files.Run());
+}
+
+void BM_RawUnidFilesBySize(benchmark::State& state) {
+    Raw files((std::string(UnidFilesSql) + " ORDER BY f.FileSize DESC, f.FileName").c_str());
+    for (auto _ : state)
+        state.counters["rows"] = static_cast<double>(files.Run());
+}
+
+// --- the views ------------------------------------------------------------------------------
+
+void BM_UpdateTreeFirst(benchmark::State& state) {
+    Host host;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto tree = newTree(host);
+        state.ResumeTiming();
+        tree->UpdateTree();
+        state.PauseTiming();
+        tree.reset();
+        state.ResumeTiming();
+    }
+}
+
+void BM_UpdateTreeUnchanged(benchmark::State& state) {
+    Host host;
+    auto tree = newTree(host);
+    tree->UpdateTree();
+    for (auto _ : state)
+        tree->UpdateTree();
+    state.counters["companies"] = static_cast<double>(companyNodes(*tree).size());
+}
+
+void BM_ExpandEveryCompany(benchmark::State& state) {
+    Host host;
+    auto tree = newTree(host);
+    tree->UpdateTree();
+    const std::vector<HTREEITEM> nodes = companyNodes(*tree);
+    for (auto _ : state) {
+        // Each company is unexpanded, so CheckBuildItem reads its applications.
+        for (HTREEITEM node : nodes)
+            tree->CheckBuildItem(node);
+    }
+    state.counters["companies"] = static_cast<double>(nodes.size());
+}
+
+std::unique_ptr<SYInvListCtrl> newList(Host& host) {
+    auto list = std::make_unique<SYInvListCtrl>();
+    list->Initialize(300, 4052, 0x808000, 14, &host.window);
+    list->SetDatabase(&inventory().Db());
+    list->SetUnidFilesMode(0);
+    return list;
+}
+
+void BM_BuildUnidFiles(benchmark::State& state) {
+    Host host;
+    auto list = newList(host);
+    for (auto _ : state)
+        list->BuildUnidFiles();
+    state.counters["rows"] = list->GetItemCount();
+}
+
+void BM_SortUnidFilesBySize(benchmark::State& state) {
+    Host host;
+    auto list = newList(host);
+    list->BuildUnidFiles();
+    for (auto _ : state) {
+        // Two clicks: descending on size from whatever order the last pass left.
+        list->SortOnHeader(1);
+    }
+    state.counters["rows"] = list->GetItemCount();
+}
+
+class TestList : public SYInvListCtrl {
+public:
+    using SYInvListCtrl::RemoveMatchingFiles;
+};
+
+void BM_RemoveMatchingFiles(benchmark::State& state) {
+    Host host;
+    TestList list;
+    list.Initialize(300, 4052, 0x808000, 14, &host.window);
+    list.SetDatabase(&inventory().Db());
+    list.SetUnidFilesMode(0);
+    std::string name;
+    std::int64_t removed = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        list.BuildUnidFiles();
+        name = list.GetItemText(list.GetItemCount() / 2, 0);
+        const int before = list.GetItemCount();
+        SYIgnoreRuleItem rule;
+        rule.SetFileName(name);
+        state.ResumeTiming();
+        list.RemoveMatchingFiles(&rule);
+        state.PauseTiming();
+        removed = before - list.GetItemCount();
+        state.ResumeTiming();
+    }
+    state.counters["rows"] = list.GetItemCount();
+    state.counters["removed"] = static_cast<double>(removed);
+}
+
+void BM_RawMatchingFiles(benchmark::State& state) {
+    // The rows a rule covers, as the store would read them for the list.
+    Raw files((std::string(UnidFilesSql) + " AND f.FileName = ?").c_str());
+    Raw pick((std::string(UnidFilesSql) + " ORDER BY f.FileName LIMIT 1 OFFSET "
+                                          "(SELECT COUNT(*) / 2 FROM Files WHERE InvDataType = 0 "
+                                          "AND FileState = 0)")
+                 .c_str());
+    sqlite3_step(pick.get());
+    const std::string name = reinterpret_cast<const char*>(sqlite3_column_text(pick.get(), 1));
+    sqlite3_bind_text(files.get(), 1, name.c_str(), -1, SQLITE_TRANSIENT);
+    for (auto _ : state)
+        state.counters["rows"] = static_cast<double>(files.Run());
+}
+
+} // namespace
+
+BENCHMARK(BM_RawUpdateQueries)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UpdateTreeFirst)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawCompanyQuery)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UpdateTreeUnchanged)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawCompanyApps)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ExpandEveryCompany)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawUnidFiles)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BuildUnidFiles)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawUnidFilesBySize)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SortUnidFilesBySize)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawMatchingFiles)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RemoveMatchingFiles)->Unit(benchmark::kMillisecond);
