@@ -357,6 +357,7 @@ TEST(SYSWRuleSet, ReadOnlySetsAndOtherInventoriesRefuseWrites) {
     palm.InvDataType = 2;
     EXPECT_THROW(palm.Open(), CInvalidArgException);
     EXPECT_THROW(palm.AddNew(), CInvalidArgException);
+    EXPECT_THROW(palm.Update(1), CDBException);
     SYSWRuleSet ce(db);
     ce.InvDataType = 1;
     ce.AddNew();

@@ -24,7 +24,9 @@ class SYDatabase;
 //   Installations   InstallationID, InvDataType, AppID, MachineID, Location: one per
 //                   application and folder on a client, present exactly while a file of
 //                   that application lies there.
-//   SWRules         the user rules (see SYSWRuleSet for the life of a row).
+//   SWRules         the user rules. RuleID never comes back once used. A row in
+//                   RuleState 3 is retired for good: kept for history, never active,
+//                   never deleted by the store (see SYSWRuleSet).
 //
 // Applications: "Applications" and "PPC Applications" (AppID, AppName, AppNameInternal,
 // AppVersion, AppCompany, AppCompanyInternal, AppInstalled: 1 while an installation

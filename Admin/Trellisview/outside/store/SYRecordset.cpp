@@ -113,7 +113,12 @@ void SYRecordset::AddNew() {
     CheckWritable();
     m_pending.clear();
     m_writeMode = WriteMode::add;
-    AddNewDefaults();
+    try {
+        AddNewDefaults();
+    } catch (...) {
+        DropPending();
+        throw;
+    }
 }
 
 void SYRecordset::Edit() {
