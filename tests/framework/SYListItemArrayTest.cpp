@@ -75,3 +75,15 @@ TEST(SYListItemArray, OwnsAndDetaches) {
 }
 
 } // namespace
+
+TEST(SYListItemArray, AnItemStandsInItsArrayOnceHoweverItCameThere)
+{
+    SYListItemArray array;
+    auto* made = new ValueItem(1, &array);
+    EXPECT_EQ(array.Add(made), 0);
+    auto* rebound = new ValueItem(2);
+    rebound->SetArray(&array); // names the array without being held by it
+    EXPECT_EQ(array.Add(rebound), 1);
+    EXPECT_EQ(array.Add(rebound), 1);
+    EXPECT_EQ(array.GetSize(), 2);
+}

@@ -111,24 +111,6 @@ TEST_F(NavigationRuleFlowTest, IdentifiedFileLeavesTheListAndItsApplicationJoins
     EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
-TEST_F(NavigationRuleFlowTest, IgnoredFileMovesFromOneListToTheOther) {
-    list.SetExcludedFilesMode(1);
-    list.BuildExcludes();
-    ASSERT_EQ(list.GetItemCount(), 0);
-
-    SYIgnoreRuleItem rule;
-    rule.SetFileName("setup.exe");
-    rule.SetFileSize(200, 0);
-    ASSERT_NE(engine.AddExcludeRule(rule, 1), 0);
-    engine.UpdateSamData();
-    list.ExcludeFile(&rule, 1);
-    EXPECT_EQ(listNames(), Strings{"setup.exe"});
-    EXPECT_EQ(list.GetItemText(0, 1), "200");
-
-    list.SetUnidFilesMode(1);
-    list.BuildUnidFiles();
-    EXPECT_EQ(listNames(), (Strings{"junk.tmp", "setup.exe"}));
-}
 
 TEST_F(NavigationRuleFlowTest, IgnoredApplicationLeavesTreeAndLists) {
     tree.UpdateTree();

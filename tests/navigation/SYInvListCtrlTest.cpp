@@ -201,7 +201,7 @@ TEST_F(InvListTest, FileListsReadTheirFilterAndSortDescendingOnSize) {
     EXPECT_NE(list.GetSelectedFileID(), 0u);
 }
 
-TEST_F(InvListTest, PalmListCombinesADifferingIconName) {
+TEST_F(InvListTest, HandheldListsNameTheirApplications) {
     const auto memo = AddPalmApp("MemoPad", "1.0", "Memos");
     AddPalmApp("Clock", "2", "Clock");
     AddPalmApp("Calc", "", "");
@@ -215,9 +215,7 @@ TEST_F(InvListTest, PalmListCombinesADifferingIconName) {
     EXPECT_EQ(list.GetSelectedAppID(), 0u) << "the Palm and BlackBerry reads are separate";
     EXPECT_EQ(list.GetSelectedRIMAppID(), 0);
     EXPECT_EQ(list.FindApplication(memo), -1);
-}
 
-TEST_F(InvListTest, BlackBerryList) {
     const auto mail = AddRIMApp("Mail", "4.0");
     list.SetRIMAppListMode();
     list.BuildRIMAppList();
@@ -225,8 +223,10 @@ TEST_F(InvListTest, BlackBerryList) {
     EXPECT_EQ(list.GetItemImage(0), 21);
     list.SelectItem(0);
     EXPECT_EQ(list.GetSelectedRIMAppID(), mail);
-    EXPECT_EQ(list.InvDataType(), 3);
+    list.ClearData();
+    EXPECT_EQ(list.Data().GetSize(), 0);
 }
+
 
 class RemoveMatchingTest : public InvListTest {
 protected:
@@ -346,13 +346,5 @@ TEST_F(InvListTest, FailedBuildIsReportedAndMakesNoRows) {
     EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
 }
 
-TEST_F(InvListTest, ClearDataEmptiesRowsAndRecords) {
-    AddFile(1, "a.dll", 10, 1000);
-    list.SetUnidFilesMode(1);
-    list.BuildUnidFiles();
-    list.ClearData();
-    EXPECT_EQ(list.GetItemCount(), 0);
-    EXPECT_EQ(list.Data().GetSize(), 0);
-}
 
 } // namespace

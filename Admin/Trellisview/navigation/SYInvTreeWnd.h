@@ -74,7 +74,7 @@ public:
 
 protected:
     SYTreeCtrlEx& Tree() { return GetTreeCtrl(); }
-    const SYTreeCtrlEx& Tree() const { return const_cast<SYInvTreeWnd*>(this)->GetTreeCtrl(); }
+    const SYTreeCtrlEx& Tree() const { return GetTreeCtrl(); }
 
     void BuildAppData(SYListItemArray& apps, const std::string& company, std::uint8_t platform);
     void BuildApps(HTREEITEM node, int restoreSelection);

@@ -2,7 +2,8 @@
 
 #include "outside/framework/SYListItemArray.h"
 
-SYListItem::SYListItem(SYListItemArray* array) : m_array(array) {
+// The array sets itself as the item's array when it takes the item.
+SYListItem::SYListItem(SYListItemArray* array) {
     if (array != nullptr)
         array->Add(this);
 }

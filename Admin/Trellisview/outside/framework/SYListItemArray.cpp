@@ -13,8 +13,12 @@ SYListItem* SYListItemArray::GetAt(int index) const {
 }
 
 int SYListItemArray::Add(SYListItem* item) {
-    if (item != nullptr && std::find(m_items.begin(), m_items.end(), item) != m_items.end())
-        return Find(item);
+    // Only an item that names this array can stand in it already, so the common case
+    // needs no search.
+    if (item != nullptr && item->GetArray() == this) {
+        if (const int index = Find(item); index >= 0)
+            return index;
+    }
     m_items.push_back(item);
     if (item != nullptr)
         item->SetArray(this);
