@@ -21,7 +21,7 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second) {
     m_time = static_cast<std::int32_t>(t);
 }
 
-CTime::Fields CTime::Local() const {
+CTime::LocalFields CTime::GetLocalFields() const {
     const std::time_t t = m_time;
     std::tm tm{};
     localtime_r(&t, &tm);
@@ -29,24 +29,24 @@ CTime::Fields CTime::Local() const {
 }
 
 int CTime::GetYear() const {
-    return Local().year;
+    return GetLocalFields().year;
 }
 int CTime::GetMonth() const {
-    return Local().month;
+    return GetLocalFields().month;
 }
 int CTime::GetDay() const {
-    return Local().day;
+    return GetLocalFields().day;
 }
 int CTime::GetHour() const {
-    return Local().hour;
+    return GetLocalFields().hour;
 }
 int CTime::GetMinute() const {
-    return Local().minute;
+    return GetLocalFields().minute;
 }
 int CTime::GetSecond() const {
-    return Local().second;
+    return GetLocalFields().second;
 }
 
 std::int64_t CTime::LocalMinute() const {
-    return static_cast<std::int64_t>(m_time) - Local().second;
+    return static_cast<std::int64_t>(m_time) - GetLocalFields().second;
 }

@@ -25,13 +25,14 @@ public:
     // the seconds.
     std::int64_t LocalMinute() const;
 
+    // All local fields from one conversion, for callers that need several.
+    struct LocalFields {
+        int year, month, day, hour, minute, second;
+    };
+    LocalFields GetLocalFields() const;
+
     auto operator<=>(const CTime&) const = default;
 
 private:
-    struct Fields {
-        int year, month, day, hour, minute, second;
-    };
-    Fields Local() const;
-
     std::int32_t m_time = 0;
 };

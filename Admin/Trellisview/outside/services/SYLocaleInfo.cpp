@@ -23,27 +23,37 @@ std::string SYLocaleInfo::FormatSigned(std::int64_t value) {
     return "-" + FormatUnsigned(magnitude);
 }
 
-std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/) {
-    if (time.IsNull())
-        return {};
+namespace {
+
+std::string dateText(const CTime::LocalFields& local) {
     char text[32];
-    std::snprintf(text, sizeof text, "%d/%d/%04d", time.GetMonth(), time.GetDay(), time.GetYear());
+    std::snprintf(text, sizeof text, "%d/%d/%04d", local.month, local.day, local.year);
     return text;
+}
+
+std::string timeText(const CTime::LocalFields& local) {
+    const int hour12 = local.hour % 12 == 0 ? 12 : local.hour % 12;
+    char text[32];
+    std::snprintf(text, sizeof text, "%d:%02d:%02d %s", hour12, local.minute, local.second,
+                  local.hour < 12 ? "AM" : "PM");
+    return text;
+}
+
+} // namespace
+
+std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/) {
+    return time.IsNull() ? std::string() : dateText(time.GetLocalFields());
 }
 
 std::string SYLocaleInfo::FormatTime(const CTime& time, int /*flags*/) {
-    if (time.IsNull())
-        return {};
-    const int hour = time.GetHour();
-    const int hour12 = hour % 12 == 0 ? 12 : hour % 12;
-    char text[32];
-    std::snprintf(text, sizeof text, "%d:%02d:%02d %s", hour12, time.GetMinute(), time.GetSecond(),
-                  hour < 12 ? "AM" : "PM");
-    return text;
+    return time.IsNull() ? std::string() : timeText(time.GetLocalFields());
 }
 
-std::string SYLocaleInfo::FormatDateAndTime(const CTime& time, int dateFlags, int timeFlags) {
+// One local-time conversion per call: lists format a date for every row.
+std::string SYLocaleInfo::FormatDateAndTime(const CTime& time, int /*dateFlags*/,
+                                            int /*timeFlags*/) {
     if (time.IsNull())
         return {};
-    return FormatDate(time, dateFlags) + " " + FormatTime(time, timeFlags);
+    const CTime::LocalFields local = time.GetLocalFields();
+    return dateText(local) + " " + timeText(local);
 }
