@@ -76,6 +76,7 @@ int SYDatabase::Open(const std::string& path) {
     try {
         SYInventorySchema::Check(*this, path);
         ConfigureFile();
+        SYInventorySchema::Upgrade(*this);
     } catch (...) {
         Close();
         throw;

@@ -14,8 +14,9 @@ struct sqlite3;
 // sets and services speak to it through SYStatement and SYTransaction only.
 //
 // Open refuses a file that is not an inventory or whose schema is newer than this program
-// knows, with a CDBException, before anything is written to it. Files run in WAL mode with
-// a busy timeout, so a scanner can write while a console reads.
+// knows, with a CDBException, before anything is written to it; an older one is upgraded
+// in place. Files run in WAL mode with a busy timeout, so a scanner can write while a
+// console reads.
 class SYDatabase {
 public:
     SYDatabase();
