@@ -125,7 +125,8 @@ TEST(SYDatabase, OpeningAVersion1StoreDerivesItsInstallations) {
         writer.AddFile(0, pc, "C:\\Tool", {"tool.exe", 1, 60, "Tool", "1", "Acme"});
         writer.AddFile(0, pc, "C:\\Tool", {"tool.dll", 1, 60, "Tool", "1", "Acme"});
         writer.Commit();
-        db.Exec("DROP VIEW Installations; CREATE TABLE Installations (InstallationID INTEGER "
+        db.Exec("DROP VIEW Installations; DROP INDEX SWRulesActiveByName; CREATE TABLE "
+                "Installations (InstallationID INTEGER "
                 "PRIMARY KEY, InvDataType INTEGER NOT NULL, AppID INTEGER NOT NULL, MachineID "
                 "INTEGER NOT NULL, Location TEXT NOT NULL); INSERT INTO Installations VALUES "
                 "(7, 0, 1, 1, 'C:\\Tool'), (8, 0, 99, 1, 'C:\\Stale'); PRAGMA user_version = 1");
@@ -166,6 +167,7 @@ TEST(SYDatabase, OpeningAVersion1StoreDerivesItsInstallations) {
         EXPECT_EQ(rows.Int64(0), 1); // the lowest location of the application there
         EXPECT_EQ(rows.Text(2), "C:\\Tool");
         EXPECT_FALSE(rows.Step());
+        EXPECT_EQ(count(db, "sqlite_master WHERE name = 'SWRulesActiveByName'"), 1);
         break;
     }
     EXPECT_GT(failures, 2);

@@ -166,8 +166,8 @@ TEST_F(InstallationsTest, JoinedFileRowsTellTheirInstallation) {
 }
 
 // Reads through the view must reach the indexes of Files and FileLocations by the columns
-// they filter on, never scan either.
-TEST(SYInstallations, ReadsThroughTheViewUseIndexes) {
+// they filter on, never scan either; active rules are found past retired ones.
+TEST(SYInventorySchema, ReadsUseTheirIndexes) {
     SYDatabase db;
     db.OpenMemory();
     const struct {
@@ -185,6 +185,9 @@ TEST(SYInstallations, ReadsThroughTheViewUseIndexes) {
          {"MachineID=? AND Location=?)"}},
         {"SELECT * FROM Installations WHERE MachineID = 2 AND InstallationID = 3",
          {"(MachineID=?)"}},
+        {"SELECT RuleID FROM SWRules WHERE InvDataType = 0 AND FileName = 'a.dll' AND "
+         "RuleState <> 3",
+         {"SWRulesActiveByName (InvDataType=? AND FileName=?)"}},
     };
     for (const auto& r : reads) {
         SYStatement plan(db, std::string("EXPLAIN QUERY PLAN ") + r.read);

@@ -112,16 +112,20 @@ CREATE INDEX SWRulesBySize ON SWRules (InvDataType, FileSize);
 CREATE INDEX SWRulesByTime ON SWRules (InvDataType, FileTime);
 )sql";
 
-// Derived, so that moving a file between applications writes one Files row whatever the
-// number of clients it lies on. Filters on the grouped columns reach the indexes of Files
-// (InvDataType, AppID) and FileLocations (FileID, ...; MachineID, ...).
-const char* const kInstallationsView = R"sql(
+// What version 2 adds to the tables above. Installations are derived, so that moving a
+// file between applications writes one Files row whatever the number of clients it lies
+// on; filters on the grouped columns reach the indexes of Files (InvDataType, AppID) and
+// FileLocations (FileID, ...; MachineID, ...). Retired rules pile up under the names
+// they had; the active ones are found without passing them.
+const char* const kVersion2Schema = R"sql(
 CREATE VIEW Installations AS
 SELECT MIN(l.LocationID) AS InstallationID, f.InvDataType AS InvDataType, f.AppID AS AppID,
        l.MachineID AS MachineID, l.Location AS Location
 FROM Files f JOIN FileLocations l ON l.FileID = f.FileID
 WHERE f.AppID <> 0
 GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location;
+CREATE INDEX SWRulesActiveByName ON SWRules (InvDataType, FileName, FileSize)
+    WHERE RuleState <> 3;
 )sql";
 
 const char* const kRIMSchema = R"sql(
@@ -190,7 +194,7 @@ void checkStamp(SYDatabase& database, const std::string& schema, const std::stri
 
 void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
     database.Exec(kCoreSchema);
-    database.Exec(kInstallationsView);
+    database.Exec(kVersion2Schema);
     if (withRIMTables)
         database.Exec(kRIMSchema);
     stamp(database, ApplicationID, Version);
@@ -204,9 +208,9 @@ void SYInventorySchema::Upgrade(SYDatabase& database) {
     if (pragmaValue(database, "main", "user_version") >= Version)
         return;
     SYTransaction transaction(database);
-    // Version 1 kept installations as rows; they are derived from the files now.
+    // Version 1 kept installations as rows of a table.
     database.Exec("DROP TABLE IF EXISTS Installations");
-    database.Exec(kInstallationsView);
+    database.Exec(kVersion2Schema);
     stamp(database, ApplicationID, Version);
     transaction.Commit();
 }
