@@ -29,7 +29,8 @@ class SYDatabase;
 //                   Version 1 stored these rows in a table.
 //   SWRules         the user rules. RuleID never comes back once used. A row in
 //                   RuleState 3 is retired for good: kept for history, never active,
-//                   never deleted by the store (see SYSWRuleSet).
+//                   never deleted by the store (see SYSWRuleSet); an index of the active
+//                   rows by name keeps lookups clear of the retired ones.
 //
 // Applications: "Applications" and "PPC Applications" (AppID, AppName, AppNameInternal,
 // AppVersion, AppCompany, AppCompanyInternal, AppInstalled: 1 while an installation
