@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <fstream>
 #include <iterator>
@@ -7,6 +8,7 @@
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventorySchema.h"
+#include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYTransaction.h"
 #include "support/TempDir.h"
 
@@ -108,6 +110,67 @@ TEST(SYDatabase, CreatedInventoryOpensAgainInWalModeAndCreateRefusesToOverwrite)
     EXPECT_EQ(mode.Text(0), "wal");
     SYDatabase other;
     EXPECT_THROW(other.Create(path), CDBException);
+}
+
+// A version 1 store kept installations as rows of a table; opening it derives them from
+// the files instead, in one step that a failure leaves undone.
+TEST(SYDatabase, OpeningAVersion1StoreDerivesItsInstallations) {
+    TempDir dir;
+    const std::string path = dir.File("old.db");
+    {
+        SYDatabase db;
+        db.Create(path);
+        SYInventoryWriter writer(db);
+        const auto pc = writer.AddMachine("pc", "", CTime(0));
+        writer.AddFile(0, pc, "C:\\Tool", {"tool.exe", 1, 60, "Tool", "1", "Acme"});
+        writer.AddFile(0, pc, "C:\\Tool", {"tool.dll", 1, 60, "Tool", "1", "Acme"});
+        writer.Commit();
+        db.Exec("DROP VIEW Installations; DROP INDEX SWRulesActiveByName; CREATE TABLE "
+                "Installations (InstallationID INTEGER "
+                "PRIMARY KEY, InvDataType INTEGER NOT NULL, AppID INTEGER NOT NULL, MachineID "
+                "INTEGER NOT NULL, Location TEXT NOT NULL); INSERT INTO Installations VALUES "
+                "(7, 0, 1, 1, 'C:\\Tool'), (8, 0, 99, 1, 'C:\\Stale'); PRAGMA user_version = 1");
+    }
+    // Read past the store's own Open, which would upgrade.
+    const auto kindAndVersion = [&path] {
+        sqlite3* raw = nullptr;
+        sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READONLY, nullptr);
+        std::string found;
+        const auto text = [&](const char* sql) {
+            sqlite3_stmt* statement = nullptr;
+            sqlite3_prepare_v2(raw, sql, -1, &statement, nullptr);
+            if (sqlite3_step(statement) == SQLITE_ROW)
+                found += reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+            sqlite3_finalize(statement);
+        };
+        text("SELECT type FROM sqlite_master WHERE name = 'Installations'");
+        found += " ";
+        text("PRAGMA user_version");
+        sqlite3_close_v2(raw);
+        return found;
+    };
+    int failures = 0;
+    for (int nth = 1; nth < 50; ++nth) {
+        SYDatabase db;
+        db.FailStatement(nth);
+        try {
+            db.Open(path);
+        } catch (const CDBException&) {
+            ++failures;
+            EXPECT_EQ(kindAndVersion(), "table 1") << "failure at statement " << nth;
+            continue;
+        }
+        db.ClearFault();
+        EXPECT_EQ(kindAndVersion(), "view 2");
+        SYStatement rows(db, "SELECT InstallationID, AppID, Location FROM Installations");
+        ASSERT_TRUE(rows.Step());
+        EXPECT_EQ(rows.Int64(0), 1); // the lowest location of the application there
+        EXPECT_EQ(rows.Text(2), "C:\\Tool");
+        EXPECT_FALSE(rows.Step());
+        EXPECT_EQ(count(db, "sqlite_master WHERE name = 'SWRulesActiveByName'"), 1);
+        break;
+    }
+    EXPECT_GT(failures, 2);
 }
 
 TEST(SYDatabase, FaultHookFailsTheNthStatementOnceWithItsCode) {

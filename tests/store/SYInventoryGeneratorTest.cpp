@@ -74,14 +74,20 @@ TEST(SYInventoryGenerator, CoversEveryPlatformAndKindOfVerdict) {
     EXPECT_GT(scalar("SELECT MAX(n) FROM (SELECT COUNT(DISTINCT MachineID) AS n FROM "
                      "FileLocations GROUP BY FileID)"),
               20);
-    // Installations and flags are exactly what the files say.
-    EXPECT_EQ(scalar("SELECT COUNT(*) FROM (SELECT DISTINCT f.InvDataType, f.AppID, l.MachineID, "
-                     "l.Location FROM Files f JOIN FileLocations l ON l.FileID = f.FileID WHERE "
-                     "f.AppID <> 0)"),
-              scalar("SELECT COUNT(*) FROM Installations"));
-    EXPECT_EQ(scalar("SELECT COUNT(*) FROM Applications a WHERE AppInstalled <> EXISTS (SELECT 1 "
-                     "FROM Installations i WHERE i.InvDataType = 0 AND i.AppID = a.AppID)"),
-              0);
+    // The flags are exactly what the files say, in both inventories, after the rules
+    // written last have moved files between applications.
+    for (const char* table : {"[Applications]", "[PPC Applications]"}) {
+        const std::string type = std::string(table) == "[Applications]" ? "0" : "1";
+        EXPECT_EQ(scalar(std::string("SELECT COUNT(*) FROM ") + table +
+                         " a WHERE AppInstalled <> EXISTS (SELECT 1 FROM Files f JOIN "
+                         "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = " +
+                         type + " AND f.AppID = a.AppID)"),
+                  0)
+            << table;
+        EXPECT_GT(scalar(std::string("SELECT COUNT(*) FROM ") + table + " WHERE AppInstalled = 1"),
+                  0)
+            << table;
+    }
 }
 
 TEST(SYInventoryGenerator, StoredVerdictsAgreeWithTheRuleService) {

@@ -223,6 +223,38 @@ TEST(SYAppFileSet, UnidentifiedAndJoinedLocationRows) {
     EXPECT_EQ(ceFiles.InstallationID(), 0U);
 }
 
+// Sets of one query share the statements the database keeps between runs; none may read
+// another's rows, and none may outlive the connection it was prepared on.
+TEST(SYRecordset, SetsOfOneQueryReadApartAndSurviveAClosedDatabase) {
+    FileInventory inv({{"a.dll", 1, 60}, {"b.dll", 2, 60}, {"c.dll", 3, 60}});
+    const auto open = [&inv](SYAppFileSet& set) {
+        set.FilterForUnidFiles();
+        set.SortByID();
+        set.Open();
+    };
+    SYAppFileSet outer(inv.db);
+    open(outer);
+    std::vector<std::string> pairs;
+    for (; !outer.IsEOF(); outer.MoveNext()) {
+        SYAppFileSet inner(inv.db); // the same text, while outer stands on its row
+        open(inner);
+        inner.MoveNext();
+        pairs.push_back(outer.FileName() + inner.FileName());
+    }
+    EXPECT_EQ(pairs, (std::vector<std::string>{"a.dllb.dll", "b.dllb.dll", "c.dllb.dll"}));
+    outer.Close();
+    open(outer);
+    EXPECT_EQ(outer.FileName(), "a.dll");
+
+    SYAppFileSet stranded(inv.db);
+    open(stranded);
+    inv.db.Close();
+    stranded.Close(); // its statement goes with the old connection
+    inv.db.OpenMemory();
+    open(outer);
+    EXPECT_TRUE(outer.IsEOF());
+}
+
 TEST(SYRecordset, CountTextsRunVerbatim) {
     SYDatabase db;
     db.OpenMemory();

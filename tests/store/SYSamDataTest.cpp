@@ -238,15 +238,15 @@ INSTANTIATE_TEST_SUITE_P(
 
 // --- Applying rule changes -------------------------------------------------------------
 
-struct Counts {
-    long long installations;
-    long long installed;
-};
-
 long long scalar(SYDatabase& db, const std::string& sql) {
     SYStatement statement(db, sql);
     return statement.Step() ? statement.Int64(0) : -1;
 }
+
+const std::vector<std::string> kViewerFolders = {"pc-0 C:\\Viewer", "pc-1 C:\\Viewer",
+                                                 "pc-2 C:\\Viewer"};
+const std::vector<std::string> kViewerPlaces = {"pc-0 C:\\Codecs", "pc-0 C:\\Viewer",
+                                                "pc-1 C:\\Viewer", "pc-2 C:\\Viewer"};
 
 class ApplyTest : public testing::Test {
 protected:
@@ -289,9 +289,16 @@ protected:
         return set.AppID();
     }
 
-    long long Installations(unsigned long appID) {
-        return scalar(db,
-                      "SELECT COUNT(*) FROM Installations WHERE AppID = " + std::to_string(appID));
+    // "client folder" of each installation of the application, in order.
+    std::vector<std::string> Places(unsigned long appID) {
+        SYStatement places(db, "SELECT m.MachineName || ' ' || i.Location FROM Installations i "
+                               "JOIN Machines m ON m.MachineID = i.MachineID WHERE "
+                               "i.InvDataType = 0 AND i.AppID = ?1 ORDER BY 1");
+        places.Bind(1, static_cast<std::int64_t>(appID));
+        std::vector<std::string> found;
+        while (places.Step())
+            found.push_back(places.Text(0));
+        return found;
     }
 
     long long Installed(unsigned long appID) {
@@ -310,7 +317,7 @@ protected:
 TEST_F(ApplyTest, ScannedSpellingsOfOneCompanyShareOneApplication) {
     EXPECT_EQ(AppOf(viewerID), AppOf(codecID));
     EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM Applications"), 1);
-    EXPECT_EQ(Installations(AppOf(viewerID)), 4);
+    EXPECT_EQ(Places(AppOf(viewerID)), kViewerPlaces);
     EXPECT_EQ(AppOf(helperID), 0U);
 }
 
@@ -319,7 +326,7 @@ TEST_F(ApplyTest, IdentifyingAFileMakesItsApplicationAndInstallations) {
     sam.AddRule(rule);
     const auto app = AppOf(helperID);
     ASSERT_NE(app, 0U);
-    EXPECT_EQ(Installations(app), 3);
+    EXPECT_EQ(Places(app), kViewerFolders);
     EXPECT_EQ(Installed(app), 1);
     SYStatement names(db, "SELECT AppName, AppNameInternal, AppCompany, AppCompanyInternal, "
                           "AppVersion FROM Applications WHERE AppID = " +
@@ -341,17 +348,17 @@ TEST_F(ApplyTest, IdentificationUnderAnotherSpellingJoinsTheExistingApplication)
     sam.AddRule(AddRule(0, "helper.dll", "viewer", "acme corporation", "2.0"));
     EXPECT_EQ(AppOf(helperID), viewerApp);
     EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM Applications"), 1);
-    EXPECT_EQ(Installations(viewerApp), 4);
+    EXPECT_EQ(Places(viewerApp), kViewerPlaces);
 }
 
 TEST_F(ApplyTest, IgnoringFilesUninstallsAnApplicationOnlyWhereNothingIsLeft) {
     const auto viewerApp = AppOf(viewerID);
     sam.AddRule(AddRule(1, "viewer.exe", "", "", ""));
     EXPECT_EQ(AppOf(viewerID), 0U);
-    EXPECT_EQ(Installations(viewerApp), 1); // the codec still lies on pc-0
+    EXPECT_EQ(Places(viewerApp), std::vector<std::string>{"pc-0 C:\\Codecs"});
     EXPECT_EQ(Installed(viewerApp), 1);
     sam.AddRule(AddRule(1, "codec.dll", "", "", ""));
-    EXPECT_EQ(Installations(viewerApp), 0);
+    EXPECT_TRUE(Places(viewerApp).empty());
     EXPECT_EQ(Installed(viewerApp), 0);
     SYAppFileSet ignored(db);
     ignored.FilterForExcludedFiles();
@@ -377,7 +384,7 @@ TEST_F(ApplyTest, RenameAndRemovalCarryBothNamesBack) {
     sam.DeleteRule(second);
     EXPECT_EQ(scalar(db, "SELECT FileState FROM Files WHERE FileID = " + std::to_string(viewerID)),
               1);
-    EXPECT_EQ(Installations(AppOf(viewerID)), 4);
+    EXPECT_EQ(Places(AppOf(viewerID)), kViewerPlaces);
 }
 
 TEST_F(ApplyTest, UnknownAndRepeatedRulesAreBorne) {
@@ -414,7 +421,7 @@ TEST_F(ApplyTest, AFailureAnywhereLeavesTheInventoryAsItWas) {
     }
     EXPECT_GT(failures, 5);
     EXPECT_NE(AppOf(helperID), 0U);
-    EXPECT_EQ(Installations(AppOf(helperID)), 3);
+    EXPECT_EQ(Places(AppOf(helperID)), kViewerFolders);
 }
 
 } // namespace

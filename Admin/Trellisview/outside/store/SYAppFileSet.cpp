@@ -1,5 +1,6 @@
 #include "outside/store/SYAppFileSet.h"
 
+#include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventorySchema.h"
 
 void SYAppFileSet::FilterForFileID(unsigned long fileID) {
@@ -58,11 +59,22 @@ void SYAppFileSet::BuildQuery(SYSelect& select) const {
     select.From(std::string("Files f LEFT JOIN ") + SYInventorySchema::AppTable(InvDataType) +
                 " a ON a.AppID = f.AppID");
     if (m_joinLocations) {
-        columns += ", l.MachineID AS MachineID, l.Location AS FileLocation, "
-                   "COALESCE(i.InstallationID, 0) AS InstallationID";
-        select.Join("JOIN FileLocations l ON l.FileID = f.FileID LEFT JOIN Installations i ON "
-                    "i.InvDataType = f.InvDataType AND i.AppID = f.AppID AND "
-                    "i.MachineID = l.MachineID AND i.Location = l.Location");
+        columns += ", l.MachineID AS MachineID, l.Location AS FileLocation";
+        select.Join("JOIN FileLocations l ON l.FileID = f.FileID");
+    }
+    if (m_installationID) {
+        // The installation's own location row names its client, folder and application;
+        // it must be the lowest of that application there to be the installation's id.
+        select.Join("JOIN FileLocations il JOIN Files itf ON itf.FileID = il.FileID");
+        select.Where("il.LocationID = ?",
+                     std::int64_t{static_cast<std::int64_t>(*m_installationID)});
+        select.Where("itf.InvDataType = f.InvDataType AND itf.AppID <> 0 AND "
+                     "l.MachineID = il.MachineID AND l.Location = il.Location AND "
+                     "f.AppID = itf.AppID");
+        select.Where("NOT EXISTS (SELECT 1 FROM FileLocations p JOIN Files pf ON "
+                     "pf.FileID = p.FileID WHERE p.MachineID = il.MachineID AND "
+                     "p.Location = il.Location AND p.LocationID < il.LocationID AND "
+                     "pf.InvDataType = itf.InvDataType AND pf.AppID = itf.AppID)");
     }
     select.Columns(columns);
     select.Where("f.InvDataType = ?", std::int64_t{InvDataType});
@@ -85,9 +97,6 @@ void SYAppFileSet::BuildQuery(SYSelect& select) const {
                      m_fileTime->last);
     if (m_machineID)
         select.Where("l.MachineID = ?", std::int64_t{static_cast<std::int64_t>(*m_machineID)});
-    if (m_installationID)
-        select.Where("i.InstallationID = ?",
-                     std::int64_t{static_cast<std::int64_t>(*m_installationID)});
     if (m_sortDescending) {
         const std::string direction = *m_sortDescending != 0 ? " DESC" : "";
         select.OrderBy("f.FileID" + direction +
@@ -167,6 +176,22 @@ std::string SYAppFileSet::FileLocation() const {
     return FieldText("FileLocation");
 }
 
+// Looked up on demand: most readers of joined rows never ask, and a column would cost a
+// lookup on every row.
 unsigned long SYAppFileSet::InstallationID() const {
-    return static_cast<unsigned long>(FieldInt("InstallationID"));
+    const std::int64_t machineID = FieldInt("MachineID");
+    const std::int64_t appID = FieldInt("AppID");
+    if (appID == 0)
+        return 0;
+    // Every row of a set filtered for an installation belongs to it.
+    if (m_installationID)
+        return *m_installationID;
+    auto find = GetDatabase().Cached("SELECT InstallationID FROM Installations WHERE "
+                                     "InvDataType = ?1 AND AppID = ?2 AND MachineID = ?3 AND "
+                                     "Location = ?4");
+    find->Bind(1, std::int64_t{InvDataType})
+        .Bind(2, appID)
+        .Bind(3, machineID)
+        .Bind(4, FileLocation());
+    return find->Step() ? static_cast<unsigned long>(find->Int64(0)) : 0;
 }

@@ -27,6 +27,8 @@ public:
     // Files whose time lies in the same minute as time.
     void FilterForFileTime(const CTime& time);
     void FilterForMachineID(unsigned long machineID);
+    // The files of one installation (see SYInventorySchema): its application's files in
+    // its folder on its client. An id that is no installation's gives no row.
     void FilterForInstallationID(unsigned long installationID);
     void JoinLocations();
     // Ascending by FileID, or descending; joined rows of one file stay together.
@@ -54,7 +56,7 @@ public:
     int RuleSource() const;
 
     // With JoinLocations: the client, the folder the file lies in, and the installation
-    // that place belongs to (0 when the file has no application).
+    // that place belongs to (0 when the file has no application; looked up on each call).
     unsigned long MachineID() const;
     std::string FileLocation() const;
     unsigned long InstallationID() const;

@@ -76,6 +76,7 @@ int SYDatabase::Open(const std::string& path) {
     try {
         SYInventorySchema::Check(*this, path);
         ConfigureFile();
+        SYInventorySchema::Upgrade(*this);
     } catch (...) {
         Close();
         throw;
@@ -126,6 +127,7 @@ void SYDatabase::Close() {
     if (m_db == nullptr)
         return;
     m_cache.clear();
+    m_idle.clear();
     sqlite3_close_v2(m_db);
     m_db = nullptr;
     m_path.clear();
@@ -162,6 +164,23 @@ SYCachedStatement SYDatabase::Cached(const std::string& sql) {
     if (!entry.statement)
         entry.statement = std::make_unique<SYStatement>(*this, sql);
     return SYCachedStatement(*entry.statement, entry.inUse);
+}
+
+std::unique_ptr<SYStatement> SYDatabase::TakeStatement(const std::string& sql) {
+    if (const auto idle = m_idle.find(sql); idle != m_idle.end()) {
+        auto statement = std::move(idle->second);
+        m_idle.erase(idle);
+        return statement;
+    }
+    return std::make_unique<SYStatement>(*this, sql);
+}
+
+void SYDatabase::KeepStatement(std::unique_ptr<SYStatement> statement) {
+    // A statement of a connection closed since goes with it.
+    if (!statement || !statement->BelongsTo(m_db))
+        return;
+    statement->Reset();
+    m_idle.try_emplace(statement->Sql(), std::move(statement));
 }
 
 std::int64_t SYDatabase::LastInsertID() const {

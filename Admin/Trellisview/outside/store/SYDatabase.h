@@ -14,8 +14,9 @@ struct sqlite3;
 // sets and services speak to it through SYStatement and SYTransaction only.
 //
 // Open refuses a file that is not an inventory or whose schema is newer than this program
-// knows, with a CDBException, before anything is written to it. Files run in WAL mode with
-// a busy timeout, so a scanner can write while a console reads.
+// knows, with a CDBException, before anything is written to it; an older one is upgraded
+// in place. Files run in WAL mode with a busy timeout, so a scanner can write while a
+// console reads.
 class SYDatabase {
 public:
     SYDatabase();
@@ -42,6 +43,10 @@ public:
     void Exec(const std::string& sql);
     // A statement prepared once per connection, for one use at a time.
     SYCachedStatement Cached(const std::string& sql);
+    // For a record set's run, which may last long: an idle statement of this text that
+    // the database kept, else a new one. Kept statements are reset; one per text is kept.
+    std::unique_ptr<SYStatement> TakeStatement(const std::string& sql);
+    void KeepStatement(std::unique_ptr<SYStatement> statement);
     std::int64_t LastInsertID() const;
     int Changes() const;
     bool HaveTable(const std::string& name);
@@ -80,6 +85,7 @@ private:
         bool inUse = false;
     };
     std::map<std::string, CacheEntry> m_cache;
+    std::map<std::string, std::unique_ptr<SYStatement>> m_idle;
     int m_transactionDepth = 0;
     int m_faultCountdown = 0;
     int m_faultCode = 0;

@@ -14,25 +14,11 @@ const char* const kFilesByName =
 const char* const kUpdateVerdict = "UPDATE Files SET FileState = ?1, RuleID = ?2, RuleSource = ?3, "
                                    "AppID = ?4 WHERE FileID = ?5";
 
-const char* const kMovedTable =
-    "CREATE TEMP TABLE IF NOT EXISTS SYMovedFiles (FileID INTEGER "
-    "PRIMARY KEY, OldAppID INTEGER NOT NULL, NewAppID INTEGER NOT NULL)";
-
-const char* const kAddMovedInstallations =
-    "INSERT OR IGNORE INTO Installations (InvDataType, AppID, MachineID, Location) "
-    "SELECT ?1, m.NewAppID, l.MachineID, l.Location FROM temp.SYMovedFiles m "
-    "CROSS JOIN FileLocations l ON l.FileID = m.FileID WHERE m.NewAppID <> 0";
-
-// CROSS JOIN keeps the planner on the few moved files instead of a scan of all locations.
-// An installation of the old application goes when no file of it lies in that place any more.
-const char* const kDropEmptyInstallations =
-    "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID FROM "
-    "temp.SYMovedFiles m CROSS JOIN FileLocations l ON l.FileID = m.FileID CROSS JOIN "
-    "Installations i ON "
-    "i.InvDataType = ?1 AND i.AppID = m.OldAppID AND i.MachineID = l.MachineID AND "
-    "i.Location = l.Location WHERE m.OldAppID <> 0 AND NOT EXISTS (SELECT 1 FROM FileLocations "
-    "l2 JOIN Files f2 ON f2.FileID = l2.FileID WHERE l2.MachineID = i.MachineID AND "
-    "l2.Location = i.Location AND f2.InvDataType = ?1 AND f2.AppID = i.AppID))";
+// An application is installed while one of its files lies anywhere; EXISTS stops at the
+// first such file.
+const char* const kInstalledFlag =
+    " SET AppInstalled = EXISTS (SELECT 1 FROM Files f JOIN FileLocations l ON l.FileID = "
+    "f.FileID WHERE f.InvDataType = ?1 AND f.AppID = ?2) WHERE AppID = ?2";
 
 std::int64_t toInt(unsigned long value) {
     return static_cast<std::int64_t>(value);
@@ -94,17 +80,7 @@ unsigned long SYInventoryClassifier::FindOrCreateApp(const std::string& company,
     return appID;
 }
 
-void SYInventoryClassifier::AddInstallation(unsigned long appID, unsigned long machineID,
-                                            const std::string& location) {
-    {
-        auto insert = m_database.Cached("INSERT OR IGNORE INTO Installations (InvDataType, AppID, "
-                                        "MachineID, Location) VALUES (?1, ?2, ?3, ?4)");
-        insert->Bind(1, std::int64_t{m_invDataType})
-            .Bind(2, toInt(appID))
-            .Bind(3, toInt(machineID))
-            .Bind(4, location);
-        insert->Execute();
-    }
+void SYInventoryClassifier::MarkInstalled(unsigned long appID) {
     if (!m_installedApps.insert(appID).second)
         return;
     auto mark = m_database.Cached("UPDATE " + m_appTable +
@@ -141,46 +117,37 @@ void SYInventoryClassifier::ReclassifyNames(const std::vector<std::string>& name
     std::vector<FileRow> rows;
     for (const auto& name : names)
         CollectFiles(name, seen, rows);
-    m_database.Exec(kMovedTable);
-    m_database.Exec("DELETE FROM temp.SYMovedFiles");
-    bool moved = false;
+    std::set<unsigned long> movedApps;
     for (const auto& row : rows) {
         const Stored stored = Classify(row.file);
         if (stored == row.stored)
             continue;
-        {
-            auto update = m_database.Cached(kUpdateVerdict);
-            update->Bind(1, std::int64_t{stored.state})
-                .Bind(2, toInt(stored.ruleID))
-                .Bind(3, sourceValue(stored.source))
-                .Bind(4, toInt(stored.appID))
-                .Bind(5, toInt(row.fileID));
-            update->Execute();
-        }
+        StoreVerdict(row.fileID, stored);
         if (stored.appID == row.stored.appID)
             continue;
-        auto note = m_database.Cached("INSERT INTO temp.SYMovedFiles VALUES (?1, ?2, ?3)");
-        note->Bind(1, toInt(row.fileID))
-            .Bind(2, toInt(row.stored.appID))
-            .Bind(3, toInt(stored.appID));
-        note->Execute();
-        moved = true;
+        movedApps.insert(row.stored.appID);
+        movedApps.insert(stored.appID);
     }
-    if (moved)
-        CarryMoves();
+    movedApps.erase(0);
+    RefreshInstalled(movedApps);
 }
 
-void SYInventoryClassifier::CarryMoves() {
-    for (const char* sql : {kAddMovedInstallations, kDropEmptyInstallations}) {
-        auto statement = m_database.Cached(sql);
-        statement->Bind(1, std::int64_t{m_invDataType});
-        statement->Execute();
+void SYInventoryClassifier::StoreVerdict(unsigned long fileID, const Stored& stored) {
+    auto update = m_database.Cached(kUpdateVerdict);
+    update->Bind(1, std::int64_t{stored.state})
+        .Bind(2, toInt(stored.ruleID))
+        .Bind(3, sourceValue(stored.source))
+        .Bind(4, toInt(stored.appID))
+        .Bind(5, toInt(fileID));
+    update->Execute();
+}
+
+void SYInventoryClassifier::RefreshInstalled(const std::set<unsigned long>& appIDs) {
+    for (const unsigned long appID : appIDs) {
+        auto flag = m_database.Cached("UPDATE " + m_appTable + kInstalledFlag);
+        flag->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(appID));
+        flag->Execute();
+        // It may have lost its last file; the next file of it must set the flag again.
+        m_installedApps.erase(appID);
     }
-    auto flags = m_database.Cached(
-        "UPDATE " + m_appTable + " SET AppInstalled = EXISTS (SELECT 1 FROM Installations i " +
-        "WHERE i.InvDataType = ?1 AND i.AppID = " + m_appTable + ".AppID) WHERE AppID IN " +
-        "(SELECT OldAppID FROM temp.SYMovedFiles UNION SELECT NewAppID FROM temp.SYMovedFiles)");
-    flags->Bind(1, std::int64_t{m_invDataType});
-    flags->Execute();
-    m_installedApps.clear();
 }

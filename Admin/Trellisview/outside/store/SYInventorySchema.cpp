@@ -2,6 +2,7 @@
 
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYTransaction.h"
 
 namespace {
 
@@ -47,14 +48,6 @@ CREATE TABLE FileLocations (
     Location TEXT NOT NULL);
 CREATE UNIQUE INDEX LocationsByFile ON FileLocations (FileID, MachineID, Location);
 CREATE INDEX LocationsByMachine ON FileLocations (MachineID, Location);
-CREATE TABLE Installations (
-    InstallationID INTEGER PRIMARY KEY,
-    InvDataType INTEGER NOT NULL,
-    AppID INTEGER NOT NULL,
-    MachineID INTEGER NOT NULL,
-    Location TEXT NOT NULL);
-CREATE UNIQUE INDEX InstallationsByApp ON Installations (InvDataType, AppID, MachineID, Location);
-CREATE INDEX InstallationsByMachine ON Installations (InvDataType, MachineID);
 CREATE TABLE [Applications] (
     AppID INTEGER PRIMARY KEY,
     AppName TEXT NOT NULL,
@@ -117,6 +110,22 @@ CREATE INDEX SWRulesByName ON SWRules (InvDataType, FileName, FileSize);
 CREATE INDEX SWRulesByState ON SWRules (InvDataType, RuleState);
 CREATE INDEX SWRulesBySize ON SWRules (InvDataType, FileSize);
 CREATE INDEX SWRulesByTime ON SWRules (InvDataType, FileTime);
+)sql";
+
+// What version 2 adds to the tables above. Installations are derived, so that moving a
+// file between applications writes one Files row whatever the number of clients it lies
+// on; filters on the grouped columns reach the indexes of Files (InvDataType, AppID) and
+// FileLocations (FileID, ...; MachineID, ...). Retired rules pile up under the names
+// they had; the active ones are found without passing them.
+const char* const kVersion2Schema = R"sql(
+CREATE VIEW Installations AS
+SELECT MIN(l.LocationID) AS InstallationID, f.InvDataType AS InvDataType, f.AppID AS AppID,
+       l.MachineID AS MachineID, l.Location AS Location
+FROM Files f JOIN FileLocations l ON l.FileID = f.FileID
+WHERE f.AppID <> 0
+GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location;
+CREATE INDEX SWRulesActiveByName ON SWRules (InvDataType, FileName, FileSize)
+    WHERE RuleState <> 3;
 )sql";
 
 const char* const kRIMSchema = R"sql(
@@ -185,6 +194,7 @@ void checkStamp(SYDatabase& database, const std::string& schema, const std::stri
 
 void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
     database.Exec(kCoreSchema);
+    database.Exec(kVersion2Schema);
     if (withRIMTables)
         database.Exec(kRIMSchema);
     stamp(database, ApplicationID, Version);
@@ -192,6 +202,17 @@ void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
 
 void SYInventorySchema::Check(SYDatabase& database, const std::string& path) {
     checkStamp(database, "main", path, ApplicationID, Version, "a Trellisview inventory");
+}
+
+void SYInventorySchema::Upgrade(SYDatabase& database) {
+    if (pragmaValue(database, "main", "user_version") >= Version)
+        return;
+    SYTransaction transaction(database);
+    // Version 1 kept installations as rows of a table.
+    database.Exec("DROP TABLE IF EXISTS Installations");
+    database.Exec(kVersion2Schema);
+    stamp(database, ApplicationID, Version);
+    transaction.Commit();
 }
 
 void SYInventorySchema::CreateSystemRules(SYDatabase& database) {

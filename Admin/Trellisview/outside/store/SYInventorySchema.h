@@ -5,7 +5,7 @@
 
 class SYDatabase;
 
-// The inventory schema, version 1 (PRAGMA user_version; PRAGMA application_id marks the
+// The inventory schema, version 2 (PRAGMA user_version; PRAGMA application_id marks the
 // file as an inventory). Clients, files and rules:
 //
 //   Machines        MachineID, MachineName, MachineUser: Windows PCs.
@@ -21,12 +21,16 @@ class SYDatabase;
 //                   One row per name, size and time.
 //   FileLocations   LocationID, FileID, MachineID (a Machines row for inventory 0, a
 //                   Devices row for 1), Location: the folder the file lies in.
-//   Installations   InstallationID, InvDataType, AppID, MachineID, Location: one per
-//                   application and folder on a client, present exactly while a file of
-//                   that application lies there.
+//   Installations   a view: InstallationID, InvDataType, AppID, MachineID, Location, one
+//                   row per application and folder on a client where a file of that
+//                   application lies. InstallationID is the lowest LocationID among those
+//                   files there: it changes only when the application's files in that
+//                   folder do, and with MachineID it finds the installation again.
+//                   Version 1 stored these rows in a table.
 //   SWRules         the user rules. RuleID never comes back once used. A row in
 //                   RuleState 3 is retired for good: kept for history, never active,
-//                   never deleted by the store (see SYSWRuleSet).
+//                   never deleted by the store (see SYSWRuleSet); an index of the active
+//                   rows by name keeps lookups clear of the retired ones.
 //
 // Applications: "Applications" and "PPC Applications" (AppID, AppName, AppNameInternal,
 // AppVersion, AppCompany, AppCompanyInternal, AppInstalled: 1 while an installation
@@ -39,7 +43,7 @@ class SYDatabase;
 // AppVersion, AppCompany, Comment.
 class SYInventorySchema {
 public:
-    static constexpr int Version = 1;
+    static constexpr int Version = 2;
     static constexpr std::int32_t ApplicationID = 0x5456494E;
     static constexpr int SystemRulesVersion = 1;
     static constexpr std::int32_t SystemRulesApplicationID = 0x54565352;
@@ -48,6 +52,8 @@ public:
     // Throws CDBException, naming the file, unless the open file is an inventory of a
     // version this program reads. Reads only.
     static void Check(SYDatabase& database, const std::string& path);
+    // Brings a checked inventory of an older version to this one, in one transaction.
+    static void Upgrade(SYDatabase& database);
 
     static void CreateSystemRules(SYDatabase& database);
     // The same check for the system rules database under a schema name ("main",

@@ -172,7 +172,7 @@ unsigned long SYInventoryWriter::AddFile(unsigned char invDataType, unsigned lon
         insert->Execute();
     }
     if (known.appID != 0 && m_database.Changes() > 0)
-        Classifier(invDataType).AddInstallation(known.appID, clientID, location);
+        Classifier(invDataType).MarkInstalled(known.appID);
     return known.fileID;
 }
 

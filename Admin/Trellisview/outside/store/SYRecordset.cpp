@@ -8,7 +8,9 @@ SYRecordset::SYRecordset(SYDatabase* database) : m_database(database) {
         throw CInvalidArgException("A record set needs a database.");
 }
 
-SYRecordset::~SYRecordset() = default;
+SYRecordset::~SYRecordset() {
+    Close();
+}
 
 void SYRecordset::BuildQuery(SYSelect& /*select*/) const {
     throw CInvalidArgException("This record set has no query of its own; open it with an SQL "
@@ -44,9 +46,9 @@ void SYRecordset::Run() {
     if (m_statement && m_statement->Sql() == sql) {
         m_statement->Reset();
     } else {
-        m_statement.reset();
+        m_database->KeepStatement(std::move(m_statement));
         m_columns.clear();
-        m_statement = std::make_unique<SYStatement>(*m_database, sql);
+        m_statement = m_database->TakeStatement(sql);
         for (int i = 0; i < m_statement->ColumnCount(); ++i)
             m_columns.emplace(m_statement->ColumnName(i), i);
     }
@@ -63,7 +65,7 @@ void SYRecordset::Run() {
 }
 
 void SYRecordset::Close() {
-    m_statement.reset();
+    m_database->KeepStatement(std::move(m_statement));
     m_columns.clear();
     m_eof = 1;
     m_writeMode = WriteMode::none;

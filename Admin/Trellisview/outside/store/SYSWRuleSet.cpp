@@ -39,7 +39,11 @@ void SYSWRuleSet::BuildQuery(SYSelect& select) const {
     select.Columns("RuleID, InvDataType, RuleState, RuleType, FileName, FileSize, FileTime, "
                    "AppName, AppVersion, AppCompany, Comment");
     select.From("SWRules");
-    select.Where("InvDataType = ?", std::int64_t{InvDataType});
+    const bool narrowed = m_ruleID || m_activeRules || m_fileName || m_fileSize || m_nullFileSize ||
+                          m_nullFileTime || m_fileTime;
+    // Unnarrowed, the rows come in RuleID order straight from the table, so the first one
+    // stands at once rather than after every rule of the inventory was sorted.
+    select.Where(narrowed ? "InvDataType = ?" : "+InvDataType = ?", std::int64_t{InvDataType});
     if (m_ruleID)
         select.Where("RuleID = ?", std::int64_t{static_cast<std::int64_t>(*m_ruleID)});
     if (m_activeRules)

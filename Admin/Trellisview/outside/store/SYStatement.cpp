@@ -18,6 +18,10 @@ SYStatement::~SYStatement() {
     sqlite3_finalize(m_stmt);
 }
 
+bool SYStatement::BelongsTo(const sqlite3* connection) const {
+    return connection != nullptr && sqlite3_db_handle(m_stmt) == connection;
+}
+
 void SYStatement::Fail(int code) const {
     throw CDBException(code,
                        std::string(sqlite3_errmsg(m_database.Handle())) + " (in: " + m_sql + ")");

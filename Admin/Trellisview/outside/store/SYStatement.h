@@ -4,6 +4,7 @@
 #include <string>
 #include <variant>
 
+struct sqlite3;
 struct sqlite3_stmt;
 class SYDatabase;
 
@@ -41,6 +42,7 @@ public:
     SYDbValue Value(int column) const;
 
     const std::string& Sql() const { return m_sql; }
+    bool BelongsTo(const sqlite3* connection) const;
 
 private:
     [[noreturn]] void Fail(int code) const;
