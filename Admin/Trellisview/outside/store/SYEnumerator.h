@@ -35,6 +35,8 @@ protected:
     }
 
 private:
+    void Release();
+
     SYDatabase* m_database = nullptr;
     std::unique_ptr<SYStatement> m_statement;
     bool m_haveRow = false;
