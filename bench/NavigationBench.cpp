@@ -35,6 +35,7 @@ public:
         SYInventoryGenerator::Options options;
         options.seed = 7;
         options.clients = Clients;
+        options.tailVendors = 500;
         SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
                                              options);
         m_db.Open(m_folder + "/inventory.db");
@@ -175,8 +176,12 @@ void BM_RawCompanyApps(benchmark::State& state) {
     }
 }
 
+// The rows in the order the list shows them: its sort column, the file name, with the
+// time and then the size breaking ties.
 void BM_RawUnidFiles(benchmark::State& state) {
-    Raw files(UnidFilesSql);
+    Raw files(
+        (std::string(UnidFilesSql) + " ORDER BY f.FileName COLLATE NOCASE, f.FileTime, f.FileSize")
+            .c_str());
     for (auto _ : state)
         state.counters["rows"] = static_cast<double>(files.Run());
 }
@@ -189,7 +194,7 @@ void BM_RawUnidFilesAsStored(benchmark::State& state) {
               "f.RuleID AS RuleID, f.RuleSource AS RuleSource, f.AppID AS AppID, "
               "COALESCE(a.AppName, '') AS AppName, COALESCE(a.AppVersion, '') AS AppVersion, "
               "COALESCE(a.AppCompany, '') AS AppCompany FROM Files f LEFT JOIN [Applications] a "
-              "ON a.AppID = f.AppID WHERE f.InvDataType = 0 AND f.FileState = 0");
+              "ON f.AppID <> 0 AND a.AppID = f.AppID WHERE f.InvDataType = 0 AND f.FileState = 0");
     for (auto _ : state)
         state.counters["rows"] = static_cast<double>(files.Run());
 }

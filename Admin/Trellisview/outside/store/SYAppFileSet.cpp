@@ -57,7 +57,7 @@ void SYAppFileSet::BuildQuery(SYSelect& select) const {
         "f.RuleSource AS RuleSource, f.AppID AS AppID, COALESCE(a.AppName, '') AS AppName, "
         "COALESCE(a.AppVersion, '') AS AppVersion, COALESCE(a.AppCompany, '') AS AppCompany";
     select.From(std::string("Files f LEFT JOIN ") + SYInventorySchema::AppTable(InvDataType) +
-                " a ON a.AppID = f.AppID");
+                " a ON f.AppID <> 0 AND a.AppID = f.AppID");
     if (m_joinLocations) {
         columns += ", l.MachineID AS MachineID, l.Location AS FileLocation";
         select.Join("JOIN FileLocations l ON l.FileID = f.FileID");

@@ -212,6 +212,26 @@ void SYInventoryGenerator::WriteSystemRules(const std::string& installFolder) {
     rules.Commit();
 }
 
+// One application of the long tail: a program with version information and a library
+// without, under the vendor's own folder.
+void SYInventoryGenerator::WriteTailApps(SYInventoryWriter& writer, unsigned char invDataType,
+                                         unsigned long client, int count) {
+    for (int i = 0; i < count; ++i) {
+        const int vendor = Pick(m_options.tailVendors);
+        const int app = Pick(2);
+        const std::string company = numbered("Longtail Vendor %04d, Inc.", vendor);
+        const std::string name = numbered("Tail Tool %05d", vendor * 2 + app);
+        const std::string stem = numbered("tt%05d", vendor * 2 + app);
+        const auto time = buildTime(100 + static_cast<std::size_t>(vendor), 0);
+        const std::string root = invDataType == 0 ? "C:\\Program Files\\" : "\\Program Files\\";
+        const std::string folder = root + company.substr(0, 20) + "\\" + name;
+        const std::uint64_t size = 90000 + static_cast<std::uint64_t>(vendor) * 131 + app;
+        writer.AddFile(invDataType, client, folder,
+                       {stem + ".exe", size, time, name, "1.0", company});
+        writer.AddFile(invDataType, client, folder, {stem + "x.dll", size / 2, time, "", "", ""});
+    }
+}
+
 void SYInventoryGenerator::WriteMachine(SYInventoryWriter& writer, int index) {
     const std::string user =
         kUsers[static_cast<std::size_t>(Pick(static_cast<int>(kUsers.size())))];
@@ -229,6 +249,8 @@ void SYInventoryGenerator::WriteMachine(SYInventoryWriter& writer, int index) {
         if (Chance(20))
             writer.AddFile(0, pc, "C:\\Windows\\System32", files[2]);
     }
+    if (m_options.tailVendors > 0)
+        WriteTailApps(writer, 0, pc, 2 + Pick(3));
     const int pageVariant = Pick(12);
     writer.AddFile(0, pc, "C:\\",
                    {"pagefile.sys", (4 + static_cast<std::uint64_t>(pageVariant)) * kGigabyte,
@@ -269,6 +291,8 @@ void SYInventoryGenerator::WriteCEDevice(SYInventoryWriter& writer, int index) {
         for (const auto& file : appFiles(app, appIndex + 40, version))
             writer.AddFile(1, device, std::string("\\Program Files\\") + app.name, file);
     }
+    if (m_options.tailVendors > 0)
+        WriteTailApps(writer, 1, device, 1);
     writer.AddFile(1, device, "\\Windows", {"sharedce.dll", 64000, buildTime(50, 0), "", "", ""});
     writer.AddFile(
         1, device, "\\Windows",

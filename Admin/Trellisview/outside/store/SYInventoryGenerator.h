@@ -21,6 +21,10 @@ public:
         // Without it the store lacks the "RIM Applications" table, as older stores do, and
         // BlackBerry devices list no applications.
         bool withRIMTables = true;
+        // Vendors of the long tail that large estates have: each adds one company with two
+        // applications, and every PC (and Windows CE device) holds a few of them. 0 keeps
+        // the small catalogue alone.
+        int tailVendors = 0;
     };
 
     explicit SYInventoryGenerator(const Options& options);
@@ -41,6 +45,8 @@ private:
     void WritePalmDevice(SYInventoryWriter& writer, int index);
     void WriteRIMDevice(SYInventoryWriter& writer, int index);
     void WriteUserRules(SYInventoryWriter& writer);
+    void WriteTailApps(SYInventoryWriter& writer, unsigned char invDataType, unsigned long client,
+                       int count);
     int Pick(int count);
     bool Chance(int percent);
     std::int32_t LastScan();

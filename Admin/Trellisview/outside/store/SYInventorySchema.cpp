@@ -58,7 +58,6 @@ CREATE TABLE [Applications] (
     AppInstalled INTEGER NOT NULL DEFAULT 0);
 CREATE UNIQUE INDEX ApplicationsByName
     ON [Applications] (AppCompanyInternal, AppNameInternal, AppVersion);
-CREATE INDEX ApplicationsInstalled ON [Applications] (AppInstalled, AppCompanyInternal);
 CREATE TABLE [PPC Applications] (
     AppID INTEGER PRIMARY KEY,
     AppName TEXT NOT NULL,
@@ -69,7 +68,6 @@ CREATE TABLE [PPC Applications] (
     AppInstalled INTEGER NOT NULL DEFAULT 0);
 CREATE UNIQUE INDEX PPCApplicationsByName
     ON [PPC Applications] (AppCompanyInternal, AppNameInternal, AppVersion);
-CREATE INDEX PPCApplicationsInstalled ON [PPC Applications] (AppInstalled, AppCompanyInternal);
 CREATE TABLE [Palm Applications] (
     AppID INTEGER PRIMARY KEY,
     AppName TEXT NOT NULL,
@@ -116,8 +114,15 @@ CREATE INDEX SWRulesByTime ON SWRules (InvDataType, FileTime);
 // file between applications writes one Files row whatever the number of clients it lies
 // on; filters on the grouped columns reach the indexes of Files (InvDataType, AppID) and
 // FileLocations (FileID, ...; MachineID, ...). Retired rules pile up under the names
-// they had; the active ones are found without passing them.
+// they had; the active ones are found without passing them. Company keys compare
+// without regard to case, so their indexes carry that collation.
 const char* const kVersion2Schema = R"sql(
+DROP INDEX IF EXISTS ApplicationsInstalled;
+CREATE INDEX ApplicationsInstalled
+    ON [Applications] (AppInstalled, AppCompanyInternal COLLATE NOCASE);
+DROP INDEX IF EXISTS PPCApplicationsInstalled;
+CREATE INDEX PPCApplicationsInstalled
+    ON [PPC Applications] (AppInstalled, AppCompanyInternal COLLATE NOCASE);
 CREATE VIEW Installations AS
 SELECT MIN(l.LocationID) AS InstallationID, f.InvDataType AS InvDataType, f.AppID AS AppID,
        l.MachineID AS MachineID, l.Location AS Location
