@@ -16,9 +16,6 @@
 
 namespace {
 
-constexpr std::uint32_t kDemoSeed = 20260101;
-constexpr int kDemoClients = 200;
-
 std::filesystem::path defaultDatabase() {
     const char* dataHome = std::getenv("XDG_DATA_HOME");
     const char* home = std::getenv("HOME");
@@ -50,10 +47,8 @@ int main(int argc, char** argv) {
     }
     try {
         const auto install = database.parent_path() / "installation";
-        SYInventoryGenerator::Options options;
-        options.seed = kDemoSeed;
-        options.clients = kDemoClients;
-        if (SYInventoryGenerator::CreateIfAbsent(database.string(), install.string(), options) != 0)
+        if (SYInventoryGenerator::CreateIfAbsent(database.string(), install.string(),
+                                                 SYInventoryGenerator::DemoOptions()) != 0)
             std::printf("Created the demo inventory %s\n", database.string().c_str());
         SYDatabase db;
         db.Open(database.string());

@@ -175,6 +175,13 @@ void retireRule(SYDatabase& database, const std::string& installFolder, unsigned
 
 } // namespace
 
+SYInventoryGenerator::Options SYInventoryGenerator::DemoOptions() {
+    Options options;
+    options.seed = 20260101;
+    options.clients = 200;
+    return options;
+}
+
 SYInventoryGenerator::SYInventoryGenerator(const Options& options)
     : m_options(options), m_random(options.seed) {}
 

@@ -27,6 +27,9 @@ public:
         int tailVendors = 0;
     };
 
+    // The embedded demo inventory the console opens by default.
+    static Options DemoOptions();
+
     explicit SYInventoryGenerator(const Options& options);
 
     // Writes the system rules database into installFolder (a native path, made when
