@@ -105,7 +105,8 @@ TEST_F(PrintEngineTest, LongTablesRepeatTitleAndHeadingOnEveryPage) {
 TEST_F(PrintEngineTest, AHeadingIsNotLeftAloneAtTheFootOfAPage) {
     SYPrintEngine engine;
     CDC dc;
-    ASSERT_NE(dc.SetPageSize(CDC::LetterWidth, 72 + 4 * dc.LineHeight()), 0);
+    // Five lines a page: after three, the heading's two would fit but not its row.
+    ASSERT_NE(dc.SetPageSize(CDC::LetterWidth, 72 + 5 * dc.LineHeight()), 0);
     SYPeDataLabeledList* data = engine.AddLabeledDataList(&dc);
     for (const char* label : {"a", "b", "c"})
         data->AddData(label, "1", 0);
@@ -113,6 +114,7 @@ TEST_F(PrintEngineTest, AHeadingIsNotLeftAloneAtTheFootOfAPage) {
 
     const auto pages = engine.Paginate();
     ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[0].size(), 3u);
     EXPECT_EQ(pages[1], (std::vector<std::string>{"Client  Size", "------  ----", "PC1      100"}));
 }
 

@@ -29,15 +29,9 @@ protected:
             list.SetItemData(row, static_cast<std::uint32_t>(i));
         }
     }
-    std::vector<std::string> Column0() {
+    std::vector<std::string> Names(const std::vector<int>& rows) {
         std::vector<std::string> texts;
-        for (int row = 0; row < list.GetItemCount(); ++row)
-            texts.push_back(list.GetItemText(row, 0));
-        return texts;
-    }
-    std::vector<std::string> Selected() {
-        std::vector<std::string> texts;
-        for (int row : list.GetSelectedRows())
+        for (int row : rows)
             texts.push_back(list.GetItemText(row, 0));
         return texts;
     }
@@ -67,7 +61,7 @@ TEST_F(ListTest, SelectionsSurviveARebuildInAnotherOrder) {
     EXPECT_EQ(list.InvalidateCount(), invalidated + 1);
 
     list.RestoreSelections();
-    EXPECT_EQ(Selected(), (std::vector<std::string>{"charlie", "delta"}));
+    EXPECT_EQ(Names(list.GetSelectedRows()), (std::vector<std::string>{"charlie", "delta"}));
     EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 2);
 }
 
@@ -78,47 +72,44 @@ TEST_F(ListTest, SelectionsFollowItemDataWhenTextsRepeatAndSingleSelectionHoldsO
     list.SaveSelections();
     list.DeleteAllItems();
     list.SetItemData(list.InsertBitmapString(6, -1, "other\t2"), 300);
-    list.SetItemData(list.InsertBitmapString(6, -1, "same\t0"), 200);
     list.SetItemData(list.InsertBitmapString(6, -1, "same\t0"), 100);
+    list.SetItemData(list.InsertBitmapString(6, -1, "same\t0"), 200);
     list.RestoreSelections();
-    EXPECT_EQ(Selected(), (std::vector<std::string>{"same"}));
-    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 1);
+    EXPECT_EQ(list.GetSelectedRows(), (std::vector<int>{2}));
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), 2);
 
     list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     EXPECT_EQ(list.GetSelectedCount(), 2);
-    EXPECT_EQ(list.GetItemState(1, LVIS_FOCUSED), 0u) << "one focused row";
+    EXPECT_EQ(list.GetItemState(2, LVIS_FOCUSED), 0u) << "one focused row";
     list.SetSingleSelection(1);
-    list.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED);
-    EXPECT_EQ(list.GetSelectedRows(), (std::vector<int>{2}));
+    list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_EQ(list.GetSelectedRows(), (std::vector<int>{1}));
 }
 
 // The callback a page hands its list, with the page as argument.
-struct SortState {
-    std::vector<int> columns;
-};
 void recordSort(int column, void* argument) {
-    static_cast<SortState*>(argument)->columns.push_back(column);
+    static_cast<std::vector<int>*>(argument)->push_back(column);
 }
 
 TEST_F(ListTest, HeaderClicksGoToTheCallbackOrToTheListsOwnSort) {
     Fill({"b", "C", "a"});
     EXPECT_TRUE(list.ClickHeader(0));
-    EXPECT_EQ(Column0(), (std::vector<std::string>{"a", "b", "C"}));
+    EXPECT_EQ(Names({0, 1, 2}), (std::vector<std::string>{"a", "b", "C"}));
     EXPECT_TRUE(list.ClickHeader(0));
-    EXPECT_EQ(Column0(), (std::vector<std::string>{"C", "b", "a"}));
+    EXPECT_EQ(Names({0, 1, 2}), (std::vector<std::string>{"C", "b", "a"}));
     EXPECT_EQ(list.GetItemData(0), 1u) << "item data move with their rows";
 
-    SortState state;
-    list.SetSortCallback(&recordSort, &state);
+    std::vector<int> sorted;
+    list.SetSortCallback(&recordSort, &sorted);
     EXPECT_TRUE(list.ClickHeader(1));
     EXPECT_TRUE(list.ClickHeader(1));
     EXPECT_FALSE(list.ClickHeader(2));
-    EXPECT_EQ(state.columns, (std::vector<int>{1, 1}));
-    EXPECT_EQ(Column0(), (std::vector<std::string>{"C", "b", "a"})) << "the callback sorts";
+    EXPECT_EQ(sorted, (std::vector<int>{1, 1}));
+    EXPECT_EQ(Names({0, 1, 2}), (std::vector<std::string>{"C", "b", "a"})) << "the callback sorts";
 
     list.SetHeaderClickable(0);
     EXPECT_FALSE(list.ClickHeader(0));
-    EXPECT_EQ(state.columns.size(), 2u);
+    EXPECT_EQ(sorted.size(), 2u);
 }
 
 TEST_F(ListTest, DoubleClickSelectsTheRowAndTellsTheOwner) {
