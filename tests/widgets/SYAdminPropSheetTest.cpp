@@ -25,15 +25,8 @@ public:
     int loads = 0;
     int valid = 1;
     bool failSave = false;
-    bool closeOnInit = false;
     std::string text;
 
-    int OnInitDialog() override {
-        SYAdminPropPage::OnInitDialog();
-        if (closeOnInit)
-            CancelToClose();
-        return 1;
-    }
     int ValidateData() override { return valid; }
 
 protected:
@@ -141,10 +134,11 @@ TEST(AdminPropSheet, ARefusedOKInAReadOnlySheetClosesWithoutSaving) {
 TEST(AdminPropSheet, CancelTurnsIntoClose) {
     SYScriptedModalHost host;
     TestSheet sheet;
-    sheet.first.closeOnInit = true;
     host.ExpectDialog("Test Sheet")
-        .Inspect(
-            [](CDialog& open) { EXPECT_EQ(open.GetDlgItem(IDCANCEL)->GetWindowText(), "Close"); })
+        .Inspect([&](CDialog& open) {
+            sheet.first.CancelToClose();
+            EXPECT_EQ(open.GetDlgItem(IDCANCEL)->GetWindowText(), "Close");
+        })
         .PressCancel();
     EXPECT_EQ(sheet.DoModal(), IDCANCEL);
 }
