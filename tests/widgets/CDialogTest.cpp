@@ -122,11 +122,10 @@ TEST(DialogTemplate, EveryControlOfTheTemplateIsMade) {
         EXPECT_EQ(made->Kind(), control.kind);
         EXPECT_EQ(made->GetWindowText(), control.text);
         EXPECT_EQ(made->Style(), control.style);
-        const SYRect expected{control.x * SYFontMetrics::DialogUnitX,
-                              control.y * SYFontMetrics::DialogUnitY,
-                              (control.x + control.cx) * SYFontMetrics::DialogUnitX,
-                              (control.y + control.cy) * SYFontMetrics::DialogUnitY};
-        EXPECT_EQ(made->GetWindowRect(), expected);
+        const int x = SYFontMetrics::DialogUnitX, y = SYFontMetrics::DialogUnitY;
+        EXPECT_EQ(made->GetWindowRect(),
+                  (SYRect{control.x * x, control.y * y, (control.x + control.cx) * x,
+                          (control.y + control.cy) * y}));
         EXPECT_EQ(made->IsWindowEnabled(), (control.style & SYStyleDisabled) == 0);
         EXPECT_EQ(made->IsWindowVisible(), (control.style & SYStyleHidden) == 0);
         EXPECT_EQ(made->IsReadOnly(), (control.style & SYStyleReadOnly) != 0);

@@ -34,22 +34,17 @@ public:
     }
 };
 
-TEST(ScriptedHost, PlaysNestedMessageBoxesInOrderAndPutsBackTheHostBefore) {
-    SYModalHost* before = SYModalHost::Current();
-    {
-        SYScriptedModalHost host;
-        host.ExpectDialog("Ask").PressOK().PressOK();
-        host.ExpectMessageBox(IDNO, "Overwrite");
-        host.ExpectMessageBox(IDYES);
-        AskingDialog dialog;
-        EXPECT_EQ(dialog.DoModal(), IDOK);
-        ASSERT_EQ(host.MessageBoxes().size(), 2u);
-        EXPECT_EQ(host.MessageBoxes()[0].answer, IDNO);
-        EXPECT_EQ(host.MessageBoxes()[1].answer, IDYES);
-        EXPECT_EQ(host.MessageBoxes()[1].defaultResult, IDNO);
-        EXPECT_EQ(host.OpenedDialogs(), (std::vector<std::string>{"Ask"}));
-    }
-    EXPECT_EQ(SYModalHost::Current(), before);
+TEST(ScriptedHost, PlaysNestedMessageBoxesInOrder) {
+    SYScriptedModalHost host;
+    host.ExpectDialog("Ask").PressOK().PressOK();
+    host.ExpectMessageBox(IDNO, "Overwrite");
+    host.ExpectMessageBox(IDYES);
+    AskingDialog dialog;
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    ASSERT_EQ(host.MessageBoxes().size(), 2u);
+    EXPECT_EQ(host.MessageBoxes()[0].answer, IDNO);
+    EXPECT_EQ(host.MessageBoxes()[1].defaultResult, IDNO);
+    EXPECT_EQ(host.OpenedDialogs(), (std::vector<std::string>{"Ask"}));
 }
 
 // Every way a script and the code can part fails the test with a message that says how.
@@ -96,6 +91,7 @@ TEST(ScriptedHost, FailsWhenTheCodeDoesNotDoWhatTheScriptExpects) {
             },
             c.failure);
     }
+    EXPECT_EQ(SYModalHost::Current(), nullptr) << "each host puts back the one before";
 }
 
 } // namespace
