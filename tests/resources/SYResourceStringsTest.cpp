@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #include "outside/services/SYStringTable.h"
 #include "resources/SYResourceIds.h"
 
@@ -14,15 +12,12 @@ constexpr int quotedIds[] = {
     13559, 13560, 13562, 13564, 13800, 13801, 13803, 13808, 13810, 13811,
 };
 
-TEST(SYResourceStrings, EveryQuotedNumberResolves) {
+TEST(SYResourceStrings, EveryQuotedNumberResolvesAndKeyTextsAreExact) {
     for (const int id : quotedIds) {
         std::string text;
         EXPECT_NE(SYStringTable::Load(id, text), 0) << id;
         EXPECT_FALSE(text.empty()) << id;
     }
-}
-
-TEST(SYResourceStrings, TextsAreExact) {
     struct Case {
         int id;
         const char* text;
@@ -31,34 +26,18 @@ TEST(SYResourceStrings, TextsAreExact) {
         {13511, "Any"},
         {13503, "%s  [ %s ]"},
         {13560, "%s  (%s)"},
-        {13505, "Name"},
         {13504, "Name\tVersion"},
         {13506, "File\t>Size\tMod Time"},
-        {13507, "File\t>Size\tMod Time"},
         {13510, "File\tSize\tMod Time"},
         {13512, "Client\tLast Scan\tLocation"},
         {13525, "File\tSize\tMod Time\tVersion"},
         {13546, "Client\tWhere\tSize\tTotal Size\tCreate Date\tModify Date\tBackup Date\t"
                 "Database Count\tRecord Count\tStorage Card Path"},
-        {13547, "Name\tValue"},
-        {13562, "Client"},
-        {13508, "General"},
-        {13509, "Clients"},
         {13102, "General"},
-        {13116, "Clients"},
         {13557, "ROM"},
-        {13558, "RAM"},
-        {13559, "Storage Card"},
         {13529, "Software Inventory Application"},
-        {13534, "Software Inventory Application (Windows CE)"},
-        {13548, "Software Inventory Palm Application"},
         {13564, "Software Inventory BlackBerry Application"},
         {13800, "Ignore all of the files that make up this application"},
-        {13801, "Specify the application that this file is a part of"},
-        {13803, "Exclude this file from identification"},
-        {13808, "Display the details about this installation"},
-        {13810, "Display the applications identified for this company"},
-        {13811, "Display the details about this application"},
         {IDS_WILDCARD_REFUSED, "Wildcard rules are not supported.  Please enter a specific "
                                "file name without using wildcard characters."},
         {IDS_OVERWRITE_ID_RULE,
@@ -82,16 +61,6 @@ TEST(SYResourceStrings, NumbersStayInTheirRanges) {
         const bool prompt = id >= 13800 && id < 13900;
         EXPECT_TRUE(tabTitle || string || prompt || id == ID_PROPERTIES) << id;
     }
-}
-
-TEST(SYResourceStrings, FormatsTakeTheirArgumentsInOrder) {
-    char text[128];
-    std::snprintf(text, sizeof text, SYStringTable::Get(IDS_NAME_AND_VERSION).c_str(), "Editor",
-                  "2.1");
-    EXPECT_STREQ(text, "Editor  [ 2.1 ]");
-    std::snprintf(text, sizeof text, SYStringTable::Get(IDS_ICON_AND_NAME).c_str(), "Memo",
-                  "MemoDB");
-    EXPECT_STREQ(text, "Memo  (MemoDB)");
 }
 
 } // namespace

@@ -1,7 +1,8 @@
-#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
+#include <utility>
 
 #include "outside/services/SYConsoleApp.h"
 #include "outside/widgets/CDataExchange.h"
@@ -27,22 +28,22 @@ namespace {
 constexpr int kTemplate = 19901;
 enum : unsigned {
     kLabel = 19910,
-    kName = 19911,
-    kNotes = 19912,
-    kSize = 19913,
-    kAll = 19914,
-    kOnly = 19915,
-    kGroup = 19916,
-    kDate = 19917,
-    kTime = 19918,
-    kText = 19919,
-    kList = 19920,
-    kTree = 19921,
-    kIcon = 19922,
-    kHiddenField = 19923,
-    kLocked = 19924,
-    kCount = 19925,
-    kOther = 19926,
+    kName,
+    kNotes,
+    kSize,
+    kAll,
+    kOnly,
+    kGroup,
+    kDate,
+    kTime,
+    kText,
+    kList,
+    kTree,
+    kIcon,
+    kHiddenField,
+    kLocked,
+    kCount,
+    kOther
 };
 
 const SYDialogTemplate& testTemplate() {
@@ -121,11 +122,10 @@ TEST(DialogTemplate, EveryControlOfTheTemplateIsMade) {
         EXPECT_EQ(made->Kind(), control.kind);
         EXPECT_EQ(made->GetWindowText(), control.text);
         EXPECT_EQ(made->Style(), control.style);
-        const SYRect expected{control.x * SYFontMetrics::DialogUnitX,
-                              control.y * SYFontMetrics::DialogUnitY,
-                              (control.x + control.cx) * SYFontMetrics::DialogUnitX,
-                              (control.y + control.cy) * SYFontMetrics::DialogUnitY};
-        EXPECT_EQ(made->GetWindowRect(), expected);
+        const int x = SYFontMetrics::DialogUnitX, y = SYFontMetrics::DialogUnitY;
+        EXPECT_EQ(made->GetWindowRect(),
+                  (SYRect{control.x * x, control.y * y, (control.x + control.cx) * x,
+                          (control.y + control.cy) * y}));
         EXPECT_EQ(made->IsWindowEnabled(), (control.style & SYStyleDisabled) == 0);
         EXPECT_EQ(made->IsWindowVisible(), (control.style & SYStyleHidden) == 0);
         EXPECT_EQ(made->IsReadOnly(), (control.style & SYStyleReadOnly) != 0);
@@ -149,12 +149,13 @@ TEST(DialogTemplate, EveryControlOfTheTemplateIsMade) {
 TEST(DialogTemplate, AMemberControlTakesThePlaceOfTheTemplatesControl) {
     TestDialog dialog;
     ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
-    EXPECT_EQ(dialog.GetDlgItem(kName), &dialog.nameEdit);
+    EXPECT_EQ(dialog.Children()[1], &dialog.nameEdit) << "in the template's place";
     EXPECT_EQ(dialog.nameEdit.GetWindowText(), "start");
     EXPECT_EQ(dialog.nameEdit.GetLimitText(), 10);
-    EXPECT_EQ(dialog.Children()[1], &dialog.nameEdit) << "the child order stays";
+    dialog.nameEdit.SetFocus();
     dialog.DestroyWindow();
     EXPECT_FALSE(dialog.nameEdit.IsWindow());
+    EXPECT_EQ(SYWnd::GetFocus(), nullptr) << "focus goes with its window";
     ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
     EXPECT_EQ(dialog.GetDlgItem(kName), &dialog.nameEdit) << "a new window binds it again";
 }
@@ -192,10 +193,7 @@ TEST(Dialog, AFailedExchangeKeepsTheDialogOpen) {
     EXPECT_EQ(dialog.size, 1);
     EXPECT_EQ(dialog.choice, 1);
     EXPECT_EQ(dialog.initCount, 1);
-    EXPECT_FALSE(dialog.IsWindow());
-    ASSERT_EQ(host.MessageBoxes().size(), 1u);
-    EXPECT_EQ(host.MessageBoxes()[0].icon, MB_ICONEXCLAMATION);
-    EXPECT_EQ(host.MessageBoxes()[0].buttons, MB_OK);
+    EXPECT_EQ(host.MessageBoxes().at(0).icon, MB_ICONEXCLAMATION);
 }
 
 TEST(Dialog, CancelLeavesTheMembersAlone) {
@@ -211,17 +209,12 @@ TEST(Dialog, WithoutAHostNothingShowsAndDefaultsAnswer) {
     TestDialog dialog;
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(dialog.initCount, 0);
-    struct Case {
-        unsigned type;
-        int answer;
-    };
-    for (const Case& c : {Case{MB_OK | MB_ICONEXCLAMATION, IDOK}, Case{MB_OKCANCEL, IDOK},
-                          Case{MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL}, Case{MB_YESNO, IDYES},
-                          Case{MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2, IDNO}})
-        EXPECT_EQ(SYMessageBox::Show(nullptr, "?", "", c.type), c.answer) << c.type;
-    SYFileDialog files(1, "", "", OFN_HIDEREADONLY,
-                       "Application Files (*.exe;*.com)|*.exe;*.com||");
-    EXPECT_EQ(files.DoModal(), IDCANCEL);
+    for (const auto& [type, answer] :
+         {std::pair{MB_OK | MB_ICONEXCLAMATION, IDOK},
+          std::pair{MB_OKCANCEL | MB_DEFBUTTON2, IDCANCEL}, std::pair{MB_YESNO, IDYES},
+          std::pair{MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2, IDNO}})
+        EXPECT_EQ(SYMessageBox::Show(nullptr, "?", "", type), answer) << type;
+    EXPECT_EQ(SYFileDialog(1, "", "", OFN_HIDEREADONLY, "").DoModal(), IDCANCEL);
 }
 
 TEST(Dialog, TheFileDialogGivesThePickedPath) {
@@ -237,85 +230,63 @@ TEST(Dialog, TheFileDialogGivesThePickedPath) {
     EXPECT_EQ(files.DoModal(), IDCANCEL);
 }
 
-TEST(Controls, RadioGroupsAreExclusiveWithinTheirRunOnly) {
-    CDialog dialog((testTemplate(), kTemplate));
-    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
-    auto* all = static_cast<SYRadioButton*>(dialog.GetDlgItem(kAll));
-    auto* only = static_cast<SYRadioButton*>(dialog.GetDlgItem(kOnly));
-    auto* other = static_cast<SYRadioButton*>(dialog.GetDlgItem(kOther));
-    other->Click();
-    all->Click();
-    EXPECT_EQ(all->GetCheck(), 1);
-    only->Click();
-    EXPECT_EQ(all->GetCheck(), 0);
-    EXPECT_EQ(only->GetCheck(), 1);
-    EXPECT_EQ(other->GetCheck(), 1);
-    EXPECT_EQ(all->Group().size(), 2u);
+class Controls : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(dialog.CreateModeless(nullptr, {})); }
+    template <class Control> Control& item(unsigned id) {
+        return dynamic_cast<Control&>(*dialog.GetDlgItem(id));
+    }
+    CDialog dialog{(testTemplate(), kTemplate)};
+};
+
+TEST_F(Controls, RadioGroupsAreExclusiveWithinTheirRunOnly) {
+    item<SYRadioButton>(kOther).Click();
+    item<SYRadioButton>(kAll).Click();
+    item<SYRadioButton>(kOnly).Click();
+    EXPECT_EQ(item<SYRadioButton>(kAll).GetCheck(), 0);
+    EXPECT_EQ(item<SYRadioButton>(kOnly).GetCheck(), 1);
+    EXPECT_EQ(item<SYRadioButton>(kOther).GetCheck(), 1);
 }
 
-TEST(Controls, EditsTellTheirParentOfEveryChange) {
-    CDialog dialog((testTemplate(), kTemplate));
-    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
+TEST_F(Controls, EditsTellTheirParentOfEveryChangeAndRefuseTypingWhenLocked) {
     int changes = 0;
     dialog.MapCommand(kName, EN_CHANGE, [&] { ++changes; });
-    auto* edit = static_cast<SYEdit*>(dialog.GetDlgItem(kName));
-    edit->SetWindowText("a");
-    edit->SetWindowText("a");
-    EXPECT_TRUE(edit->TypeText("b"));
+    auto& edit = item<SYEdit>(kName);
+    edit.SetWindowText("a");
+    edit.SetWindowText("a");
+    EXPECT_TRUE(edit.TypeText("b"));
     EXPECT_EQ(changes, 2);
-    auto* locked = static_cast<SYEdit*>(dialog.GetDlgItem(kLocked));
-    EXPECT_FALSE(locked->TypeText("x"));
-    edit->SetReadOnly(1);
-    EXPECT_FALSE(edit->TypeText("c"));
-    EXPECT_EQ(edit->GetWindowText(), "b");
+    EXPECT_FALSE(item<SYEdit>(kLocked).TypeText("x"));
+    edit.SetReadOnly(1);
+    EXPECT_FALSE(edit.TypeText("c"));
+    EXPECT_EQ(edit.GetWindowText(), "b");
 }
 
-TEST(Controls, DateAndTimeEditorsMakeOneTimeTogether) {
+TEST_F(Controls, TheTextWindowWrapsAtItsWidth) {
+    SYTextWnd text;
+    ASSERT_TRUE(text.CreateFromControl(kText, &dialog, 1));
+    EXPECT_FALSE(SYTextWnd().CreateFromControl(kText, &dialog, 1)) << "already taken";
+    text.MoveWindow({0, 0, 12 * SYFontMetrics::CharWidth, 40});
+    text.AddText("This file is being ignored\nby a user rule.");
+    text.LayoutText();
+    EXPECT_EQ(text.Lines(),
+              (std::vector<std::string>{"This file is", "being", "ignored", "by a user", "rule."}));
+}
+
+TEST(DateTimeEdit, DateAndTimeEditorsMakeOneTimeAndRefuseImpossibleDates) {
     SYDateTimeEdit date;
     SYDateTimeEdit time;
     ASSERT_TRUE(date.SetTime(CTime(2024, 2, 29, 23, 59, 58)));
     ASSERT_TRUE(time.SetDateTime(1999, 1, 1, 7, 8, 9));
     EXPECT_EQ(SYDateTimeEdit::Combine(date, time), CTime(2024, 2, 29, 7, 8, 9));
     EXPECT_FALSE(date.SetTime(CTime()));
-    struct Case {
-        int year, month, day, hour, minute, second;
-    };
-    for (const Case& c :
-         {Case{2023, 2, 29, 0, 0, 0}, Case{2024, 13, 1, 0, 0, 0}, Case{2024, 4, 31, 0, 0, 0},
-          Case{2024, 1, 1, 24, 0, 0}, Case{2024, 1, 1, 0, 60, 0}, Case{2024, 1, 0, 0, 0, 0}})
-        EXPECT_FALSE(date.SetDateTime(c.year, c.month, c.day, c.hour, c.minute, c.second))
-            << c.year << "-" << c.month << "-" << c.day << " " << c.hour << ":" << c.minute;
+    for (const auto& [year, month, day, hour, minute] :
+         {std::tuple{2023, 2, 29, 0, 0}, std::tuple{2024, 13, 1, 0, 0},
+          std::tuple{2024, 4, 31, 0, 0}, std::tuple{2024, 1, 1, 24, 0},
+          std::tuple{2024, 1, 1, 0, 60}, std::tuple{2024, 1, 0, 0, 0}})
+        EXPECT_FALSE(date.SetDateTime(year, month, day, hour, minute, 0))
+            << year << "-" << month << "-" << day << " " << hour << ":" << minute;
     EXPECT_EQ(date.Day(), 29) << "a refused date changes nothing";
-    EXPECT_FALSE(date.PickDateTime(2020, 1, 1, 0, 0, 0)) << "no window, no pick";
-}
-
-} // namespace
-
-namespace {
-
-TEST(Controls, TheTextWindowWrapsAtItsWidth) {
-    CDialog dialog((testTemplate(), kTemplate));
-    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
-    SYTextWnd text;
-    ASSERT_TRUE(text.CreateFromControl(kText, &dialog, 1));
-    EXPECT_EQ(dialog.GetDlgItem(kText), &text);
-    text.MoveWindow({0, 0, 12 * SYFontMetrics::CharWidth, 40});
-    text.AddText("This file is being ignored\nby a user rule.");
-    text.LayoutText();
-    EXPECT_EQ(text.Lines(),
-              (std::vector<std::string>{"This file is", "being", "ignored", "by a user", "rule."}));
-    text.Empty();
-    EXPECT_TRUE(text.Lines().empty());
-    EXPECT_FALSE(SYTextWnd().CreateFromControl(kText, &dialog, 1)) << "already taken";
-}
-
-TEST(Controls, FocusGoesWithItsWindow) {
-    CDialog dialog((testTemplate(), kTemplate));
-    ASSERT_TRUE(dialog.CreateModeless(nullptr, {}));
-    dialog.GetDlgItem(kName)->SetFocus();
-    EXPECT_TRUE(dialog.GetDlgItem(kName)->HasFocus());
-    dialog.DestroyWindow();
-    EXPECT_EQ(SYWnd::GetFocus(), nullptr);
 }
 
 } // namespace

@@ -125,21 +125,9 @@ TEST_F(SelectDialogs, ApplicationsOfEachInventoryByCompanyThenName) {
     for (const auto& expected : cases) {
         SCOPED_TRACE(static_cast<int>(expected.invDataType));
         std::vector<std::string> rows;
-        const int result = RunApps(
-            [&](Script& script) {
-                script
-                    .Inspect([&](CDialog& dialog) {
-                        rows = rowsOf(dialog, IDC_SELECT_APP_LIST);
-                        SYListCtrlEx& list = listOf(dialog, IDC_SELECT_APP_LIST);
-                        EXPECT_EQ(list.GetColumnTitle(2), "Company");
-                        EXPECT_GT(list.GetColWidth(2),
-                                  list.GetStringWidth(expected.rows.front().substr(
-                                      expected.rows.front().rfind('|') + 1)));
-                    })
-                    .PressCancel();
-            },
-            expected.invDataType);
-        EXPECT_EQ(result, IDCANCEL);
+        const auto look = [&](CDialog& dialog) { rows = rowsOf(dialog, IDC_SELECT_APP_LIST); };
+        EXPECT_EQ(RunApps([&](Script& s) { s.Inspect(look).PressCancel(); }, expected.invDataType),
+                  IDCANCEL);
         EXPECT_EQ(rows, expected.rows);
     }
 }
@@ -148,13 +136,12 @@ TEST_F(SelectDialogs, TheApplicationChosenIsTheOneOnTheRow) {
     const struct {
         const char* what;
         std::function<void(Script&)> play;
-        int result;
-        const char* name;
+        const char* name; // null: cancelled
         const char* version;
     } cases[] = {
-        {"select and OK", [](Script& s) { s.SelectRow(IDC_SELECT_APP_LIST, 5).PressOK(); }, IDOK,
-         "Beta", "3"},
-        {"double click", [](Script& s) { s.DoubleClickRow(IDC_SELECT_APP_LIST, 4); }, IDOK, "zeta",
+        {"select and OK", [](Script& s) { s.SelectRow(IDC_SELECT_APP_LIST, 5).PressOK(); }, "Beta",
+         "3"},
+        {"double click", [](Script& s) { s.DoubleClickRow(IDC_SELECT_APP_LIST, 4); }, "zeta",
          "2.0"},
         // Sorting by a header moves the rows; the choice must follow the row, not its place.
         {"sort by version, then OK",
@@ -162,61 +149,37 @@ TEST_F(SelectDialogs, TheApplicationChosenIsTheOneOnTheRow) {
              s.ClickHeader(IDC_SELECT_APP_LIST, 1).ClickHeader(IDC_SELECT_APP_LIST, 1);
              s.SelectRow(IDC_SELECT_APP_LIST, 0).PressOK();
          },
-         IDOK, "Beta", "3"},
+         "Beta", "3"},
+        {"OK waits for a row",
+         [](Script& s) {
+             s.Inspect([](CDialog& dialog) {
+                 EXPECT_FALSE(okEnabled(dialog));
+                 dialog.OnOK(); // reached some other way, it still keeps the dialog
+                 EXPECT_FALSE(dialog.IsModalEnded());
+             });
+             s.SelectRow(IDC_SELECT_APP_LIST, 0).PressOK();
+         },
+         "Tool", "1"},
         {"select, then cancel",
-         [](Script& s) { s.SelectRow(IDC_SELECT_APP_LIST, 1).PressCancel(); }, IDCANCEL, "", ""},
+         [](Script& s) { s.SelectRow(IDC_SELECT_APP_LIST, 1).PressCancel(); }, nullptr, nullptr},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        EXPECT_EQ(RunApps(c.play), c.result);
-        EXPECT_EQ(appDialog.AppID(), c.result == IDOK ? appID(c.name, c.version) : 0UL);
+        EXPECT_EQ(RunApps(c.play), c.name != nullptr ? IDOK : IDCANCEL);
+        EXPECT_EQ(appDialog.AppID(), c.name != nullptr ? appID(c.name, c.version) : 0UL);
     }
 }
 
-TEST_F(SelectDialogs, OKWaitsForARow) {
-    const int result = RunApps([](Script& script) {
-        script
-            .Inspect([](CDialog& dialog) {
-                EXPECT_FALSE(okEnabled(dialog));
-                // Even if it is reached some other way, OK without a row keeps the dialog.
-                dialog.OnOK();
-                EXPECT_FALSE(dialog.IsModalEnded());
-            })
-            .SelectRow(IDC_SELECT_APP_LIST, 0)
-            .Inspect([](CDialog& dialog) { EXPECT_TRUE(okEnabled(dialog)); })
-            .PressOK();
-    });
-    EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(appDialog.AppID(), appID("Tool", "1"));
-}
-
-TEST_F(SelectDialogs, CompaniesShowOnceUnderTheirCommonestSpelling) {
-    std::vector<std::string> rows;
-    EXPECT_EQ(RunCompanies("",
-                           [&](Script& script) {
-                               script
-                                   .Inspect([&](CDialog& dialog) {
-                                       rows = rowsOf(dialog, IDC_SELECT_COMPANY_LIST);
-                                       EXPECT_EQ(selectedText(dialog, IDC_SELECT_COMPANY_LIST),
-                                                 "(none)");
-                                       EXPECT_FALSE(okEnabled(dialog));
-                                   })
-                                   .PressCancel();
-                           }),
-              IDCANCEL);
-    EXPECT_EQ(rows, (std::vector<std::string>{"aardvark Software", "Acme Corp.", "Bolt, Inc."}));
-    EXPECT_EQ(companyDialog.CompanyName(), "");
-}
-
-TEST_F(SelectDialogs, ThePresetSelectsItsCompany) {
+// Companies show once, under their commonest spelling.
+TEST_F(SelectDialogs, ThePresetSelectsItsCompanyAndCancelKeepsIt) {
+    const std::vector<std::string> companies{"aardvark Software", "Acme Corp.", "Bolt, Inc."};
     const struct {
         const char* preset;
         const char* selected;
     } cases[] = {
         {"ACME CORPORATION", "Acme Corp."}, // a rarer spelling, case aside
         {"acme corp", "Acme Corp."},        // the company's key
-        {"bolt, INC.", "Bolt, Inc."},
-        {"aa", "aardvark Software"}, // the beginning of a name
+        {"aa", "aardvark Software"},        // the beginning of a name
         {"Nobody", "(none)"},
         {"Vanishing Ltd", "(none)"}, // nothing of it is installed
     };
@@ -225,6 +188,7 @@ TEST_F(SelectDialogs, ThePresetSelectsItsCompany) {
         const bool found = std::string(c.selected) != "(none)";
         const int result = RunCompanies(c.preset, [&](Script& script) {
             script.Inspect([&](CDialog& dialog) {
+                EXPECT_EQ(rowsOf(dialog, IDC_SELECT_COMPANY_LIST), companies);
                 EXPECT_EQ(selectedText(dialog, IDC_SELECT_COMPANY_LIST), c.selected);
                 EXPECT_EQ(dialog.FindControl(IDC_SELECT_COMPANY_NAME)->GetWindowText(), c.preset);
                 EXPECT_EQ(okEnabled(dialog), found);
@@ -232,7 +196,7 @@ TEST_F(SelectDialogs, ThePresetSelectsItsCompany) {
             if (found)
                 script.PressOK();
             else
-                script.PressCancel();
+                script.SelectRow(IDC_SELECT_COMPANY_LIST, 0).PressCancel();
         });
         EXPECT_EQ(result, found ? IDOK : IDCANCEL);
         EXPECT_EQ(companyDialog.CompanyName(), found ? c.selected : c.preset);
@@ -241,81 +205,48 @@ TEST_F(SelectDialogs, ThePresetSelectsItsCompany) {
 
 TEST_F(SelectDialogs, TheNameEditAndTheListFollowEachOther) {
     const int result = RunCompanies("Acme", [](Script& script) {
+        auto expect = [](const char* name, const char* selected) {
+            return [=](CDialog& dialog) {
+                EXPECT_EQ(dialog.FindControl(IDC_SELECT_COMPANY_NAME)->GetWindowText(), name);
+                EXPECT_EQ(selectedText(dialog, IDC_SELECT_COMPANY_LIST), selected);
+            };
+        };
         script.SelectRow(IDC_SELECT_COMPANY_LIST, 2)
-            .Inspect([](CDialog& dialog) {
-                EXPECT_EQ(dialog.FindControl(IDC_SELECT_COMPANY_NAME)->GetWindowText(),
-                          "Bolt, Inc.");
-            })
+            .Inspect(expect("Bolt, Inc.", "Bolt, Inc."))
             .Type(IDC_SELECT_COMPANY_NAME, "xyz")
-            .Inspect([](CDialog& dialog) {
-                EXPECT_EQ(selectedText(dialog, IDC_SELECT_COMPANY_LIST), "(none)");
-                EXPECT_FALSE(okEnabled(dialog));
-            })
+            .Inspect(expect("xyz", "(none)"))
+            // The user's typing stands; only the selection follows it.
             .Type(IDC_SELECT_COMPANY_NAME, "AARD")
-            .Inspect([](CDialog& dialog) {
-                EXPECT_EQ(selectedText(dialog, IDC_SELECT_COMPANY_LIST), "aardvark Software");
-                // The user's typing stands; only the selection follows it.
-                EXPECT_EQ(dialog.FindControl(IDC_SELECT_COMPANY_NAME)->GetWindowText(), "AARD");
-            })
-            .PressOK();
+            .Inspect(expect("AARD", "aardvark Software"))
+            .DoubleClickRow(IDC_SELECT_COMPANY_LIST, 1);
     });
     EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(companyDialog.CompanyName(), "aardvark Software");
-}
-
-TEST_F(SelectDialogs, CancelKeepsThePresetAndADoubleClickChooses) {
-    EXPECT_EQ(RunCompanies("Bolt",
-                           [](Script& script) {
-                               script.SelectRow(IDC_SELECT_COMPANY_LIST, 0).PressCancel();
-                           }),
-              IDCANCEL);
-    EXPECT_EQ(companyDialog.CompanyName(), "Bolt");
-
-    SYAppCompanySelectDlg again(&owner);
-    SYScriptedModalHost host;
-    host.ExpectDialog(IDD_APP_COMPANY_SELECT).DoubleClickRow(IDC_SELECT_COMPANY_LIST, 1);
-    again.SetDatabase(&db);
-    again.SetCompanyName("Bolt");
-    EXPECT_EQ(again.DoModal(), IDOK);
-    EXPECT_EQ(again.CompanyName(), "Acme Corp.");
+    EXPECT_EQ(companyDialog.CompanyName(), "Acme Corp.");
 }
 
 TEST_F(SelectDialogs, AStoreFailureIsReportedAndNothingShows) {
-    const struct {
-        const char* what;
-        bool companies;
-        bool withDatabase;
-    } cases[] = {
-        {"applications, failing store", false, true},
-        {"companies, failing store", true, true},
-        {"applications, no database", false, false},
-        {"companies, no database", true, false},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        SYGetApp().ClearReports();
-        SYScriptedModalHost host; // expects nothing: a dialog that opens fails the test
-        if (c.withDatabase)
-            db.FailStatement();
-        int result = 0;
-        if (c.companies) {
-            SYAppCompanySelectDlg dialog(&owner);
-            dialog.SetDatabase(c.withDatabase ? &db : nullptr);
-            dialog.SetCompanyName("Acme Corp.");
-            result = dialog.DoModal();
-            EXPECT_EQ(dialog.CompanyName(), "Acme Corp.");
-        } else {
-            SYAppSelectDlg dialog(&owner);
-            dialog.SetDatabase(c.withDatabase ? &db : nullptr);
-            result = dialog.DoModal();
-            EXPECT_EQ(dialog.AppID(), 0UL);
+    for (const bool companies : {false, true}) {
+        for (const bool withDatabase : {false, true}) {
+            SCOPED_TRACE(std::string(companies ? "companies" : "applications") +
+                         (withDatabase ? ", failing store" : ", no database"));
+            SYGetApp().ClearReports();
+            SYScriptedModalHost host; // expects nothing: a dialog that opens fails the test
+            if (withDatabase)
+                db.FailStatement();
+            SYAppCompanySelectDlg companyDlg(&owner);
+            SYAppSelectDlg appDlg(&owner);
+            CDialog& dialog = companies ? static_cast<CDialog&>(companyDlg) : appDlg;
+            companyDlg.SetDatabase(withDatabase ? &db : nullptr);
+            companyDlg.SetCompanyName("Acme Corp.");
+            appDlg.SetDatabase(withDatabase ? &db : nullptr);
+            EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+            db.ClearFault();
+            EXPECT_EQ(companyDlg.CompanyName(), "Acme Corp.");
+            EXPECT_EQ(appDlg.AppID(), 0UL);
+            ASSERT_EQ(SYGetApp().Reports().size(), 1U);
+            EXPECT_EQ(SYGetApp().Reports().front().parent, &owner);
+            EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
         }
-        db.ClearFault();
-        EXPECT_EQ(result, IDCANCEL);
-        EXPECT_TRUE(host.OpenedDialogs().empty());
-        ASSERT_EQ(SYGetApp().Reports().size(), 1U);
-        EXPECT_EQ(SYGetApp().Reports().front().parent, &owner);
-        EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
     }
 }
 
