@@ -92,6 +92,7 @@ TEST_F(NavigationRuleFlowTest, IgnoredApplicationLeavesTreeAndLists) {
 
     tree.UpdateTree();
     EXPECT_TRUE(Texts(tree.PPCAppsItem()).empty());
+    EXPECT_FALSE(Ctrl().ItemExpanded(tree.PPCAppsItem())) << "an empty branch folds";
     EXPECT_EQ(Ctrl().GetItemText(tree.PPCAppsItem()), "Windows CE Applications  (0)");
     list.SetCompanyListMode(1);
     list.BuildCompanies();

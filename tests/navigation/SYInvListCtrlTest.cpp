@@ -230,7 +230,7 @@ TEST_F(InvListTest, FileRuleChangesReachOnlyFileListsOfTheirPlatform) {
     EXPECT_EQ(list.GetItemCount(), 0);
 }
 
-TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByNameAndSizeWhateverTheirTime) {
+TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByItsNameSizeAndTime) {
     AddFile(1, "old.exe", 10, 1000, 3);
     AddFile(1, "new.exe", 10, 1000, 0);
     list.SetExcludedFilesMode(1);
@@ -247,6 +247,11 @@ TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByNameAndSizeWhateverTheirTime) 
     list.ExcludeFile(&rule, 1);
     EXPECT_EQ(Column(0), (Strings{"old.exe", "tool.exe", "tool.exe"}));
     EXPECT_EQ(Column(1), (Strings{"10", "10", "10"}));
+    SYIgnoreRuleItem timed;
+    timed.SetFileName("tool.exe");
+    timed.SetModTime(CTime(5000));
+    list.ExcludeFile(&timed, 1);
+    EXPECT_EQ(Column(1), (Strings{"10", "10", "10"})) << "the time filters too";
     EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
