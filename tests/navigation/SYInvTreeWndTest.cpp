@@ -116,47 +116,35 @@ TEST_F(InvTreeTest, MergeOrdersByInternalNameFoldsCaseVariantsAndKeepsNodes) {
     EXPECT_EQ(Texts(after[1]), (Strings{"M  [ 1 ]", "M2  [ 1 ]", "M3  [ 1 ]"}));
 }
 
-TEST_F(InvTreeTest, MergeKeepsRenamedNodesSelectedAndExpandedAndResetsCollapsedOnes) {
-    const auto tool = AddApp(1, "Acme", "acme", "Tool", "1.0");
-    AddApp(1, "Beta", "beta", "B", "1");
-    tree.UpdateTree();
-    const HTREEITEM acme = Children(tree.PPCAppsItem())[0];
-    const HTREEITEM beta = Children(tree.PPCAppsItem())[1];
-    Expand(acme);
-    Expand(beta);
-    Ctrl().Expand(beta, TVE_COLLAPSE);
-    Ctrl().SelectItem(acme);
-
-    Run("UPDATE [PPC Applications] SET AppCompany = 'ACME Corporation'" + idIs(tool));
-    tree.UpdateTree();
-    EXPECT_EQ(Children(tree.PPCAppsItem()), (std::vector<HTREEITEM>{acme, beta}));
-    EXPECT_EQ(Ctrl().GetItemText(acme), "ACME Corporation");
-    EXPECT_EQ(Ctrl().GetSelectedItem(), acme);
-    EXPECT_TRUE(Ctrl().ItemExpanded(acme));
-    EXPECT_EQ(Texts(acme), Strings{"Tool  [ 1.0 ]"}) << "expanded: rebuilt, not reset";
-    EXPECT_EQ(Texts(beta), Strings{"<>"});
-    EXPECT_EQ(Ctrl().GetItemState(beta, TVIS_EXPANDEDONCE), 0u);
-
-    Run("UPDATE [PPC Applications] SET AppCompany = ''" + idIs(tool));
-    tree.UpdateTree();
-    EXPECT_EQ(Ctrl().GetItemText(acme), "ACME Corporation") << "an empty name leaves the text";
-}
-
-TEST_F(InvTreeTest, SelectionBelowExpandedCompanyFollowsTheText) {
+TEST_F(InvTreeTest, MergeKeepsNodesExpansionAndSelectionByText) {
     const auto tool = AddApp(1, "Acme", "acme", "Tool", "1.0");
     const auto editor = AddApp(1, "Acme", "acme", "Editor", "2.0");
+    AddApp(1, "Beta", "beta", "B", "1");
     tree.UpdateTree();
-    const HTREEITEM acme = Ctrl().GetChildItem(tree.PPCAppsItem());
+    const auto companies = Children(tree.PPCAppsItem());
+    const HTREEITEM acme = companies[0];
     Expand(acme);
+    Expand(companies[1]);
+    Ctrl().Expand(companies[1], TVE_COLLAPSE);
     ASSERT_TRUE(tree.SelectApplication(editor, acme));
     tree.UpdateTree();
     EXPECT_EQ(tree.GetSelectedAppID(), editor) << "same text: the new node";
+    EXPECT_EQ(Texts(companies[1]), Strings{"<>"}) << "collapsed: reset";
+    EXPECT_EQ(Ctrl().GetItemState(companies[1], TVIS_EXPANDEDONCE), 0u);
 
+    const std::string acmeRows = " WHERE AppCompanyInternal = 'acme'";
+    Run("UPDATE [PPC Applications] SET AppCompany = 'ACME Corporation'" + acmeRows);
     Run("UPDATE [PPC Applications] SET AppVersion = '3.0'" + idIs(editor));
     tree.UpdateTree();
+    EXPECT_EQ(Children(tree.PPCAppsItem()), companies);
+    EXPECT_EQ(Ctrl().GetItemText(acme), "ACME Corporation");
+    EXPECT_TRUE(Ctrl().ItemExpanded(acme));
+    EXPECT_EQ(Texts(acme), (Strings{"Editor  [ 3.0 ]", "Tool  [ 1.0 ]"})) << "expanded: rebuilt";
     EXPECT_EQ(Ctrl().GetSelectedItem(), acme) << "another text: the company";
-    EXPECT_EQ(Texts(acme), (Strings{"Editor  [ 3.0 ]", "Tool  [ 1.0 ]"}));
 
+    Run("UPDATE [PPC Applications] SET AppCompany = ''" + acmeRows);
+    tree.UpdateTree();
+    EXPECT_EQ(Ctrl().GetItemText(acme), "ACME Corporation") << "an empty name leaves the text";
     ASSERT_TRUE(tree.SelectApplication(tool, acme));
     tree.BuildApps(acme, 0);
     EXPECT_NE(tree.GetSelectedAppID(), tool) << "not restoring leaves it to the control";
