@@ -3,22 +3,14 @@
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYStatement.h"
 
-namespace {
-
-const char* appTable(unsigned char inv) {
-    return inv == 0 ? "[Applications]" : "[PPC Applications]";
-}
-
-std::int64_t lastID(SYDatabase& db) {
-    return db.LastInsertID();
-}
-
-} // namespace
-
 void InventoryFixture::SetUp() {
     db.OpenMemory(true);
     host.Create(SYControlKind::Static, 1, "host", {0, 0, 800, 600}, nullptr);
     SYGetApp().ClearReports();
+    ASSERT_NE(tree.Initialize(200, &host), 0);
+    tree.SetDatabase(&db);
+    ASSERT_EQ(list.Initialize(300, 4052, 0x808000, 14, &host), 1);
+    list.SetDatabase(&db);
 }
 
 void InventoryFixture::TearDown() {
@@ -26,48 +18,17 @@ void InventoryFixture::TearDown() {
     SYGetApp().ClearReports();
 }
 
-void InventoryFixture::UseStoreWithoutRIM() {
-    db.Close();
-    db.OpenMemory(false);
-}
-
 std::uint32_t InventoryFixture::AddApp(unsigned char inv, const std::string& company,
                                        const std::string& companyInternal, const std::string& name,
-                                       const std::string& version, int installed,
-                                       const std::string& nameInternal) {
-    SYStatement insert(db, std::string("INSERT INTO ") + appTable(inv) +
+                                       const std::string& version, int installed) {
+    SYStatement insert(db, std::string("INSERT INTO ") +
+                               (inv == 0 ? "[Applications]" : "[PPC Applications]") +
                                " (AppName, AppNameInternal, AppVersion, AppCompany, "
                                "AppCompanyInternal, AppInstalled) VALUES (?, ?, ?, ?, ?, ?)");
-    insert.Bind(1, name)
-        .Bind(2, nameInternal.empty() ? name : nameInternal)
-        .Bind(3, version)
-        .Bind(4, company)
-        .Bind(5, companyInternal)
-        .Bind(6, std::int64_t{installed});
+    insert.Bind(1, name).Bind(2, name).Bind(3, version).Bind(4, company).Bind(5, companyInternal);
+    insert.Bind(6, std::int64_t{installed});
     insert.Execute();
-    return static_cast<std::uint32_t>(lastID(db));
-}
-
-void InventoryFixture::SetAppCompany(std::uint32_t appID, unsigned char inv,
-                                     const std::string& company) {
-    SYStatement update(db, std::string("UPDATE ") + appTable(inv) +
-                               " SET AppCompany = ? WHERE AppID = ?");
-    update.Bind(1, company).Bind(2, std::int64_t{appID});
-    update.Execute();
-}
-
-void InventoryFixture::SetAppVersion(std::uint32_t appID, unsigned char inv,
-                                     const std::string& version) {
-    SYStatement update(db, std::string("UPDATE ") + appTable(inv) +
-                               " SET AppVersion = ? WHERE AppID = ?");
-    update.Bind(1, version).Bind(2, std::int64_t{appID});
-    update.Execute();
-}
-
-void InventoryFixture::RemoveApp(std::uint32_t appID, unsigned char inv) {
-    SYStatement remove(db, std::string("DELETE FROM ") + appTable(inv) + " WHERE AppID = ?");
-    remove.Bind(1, std::int64_t{appID});
-    remove.Execute();
+    return static_cast<std::uint32_t>(db.LastInsertID());
 }
 
 std::int32_t InventoryFixture::AddPalmApp(const std::string& name, const std::string& version,
@@ -76,14 +37,14 @@ std::int32_t InventoryFixture::AddPalmApp(const std::string& name, const std::st
                            "CreatorID, IconName) VALUES (?, ?, ?, 'crid', ?)");
     insert.Bind(1, name).Bind(2, version).Bind(3, name + version).Bind(4, iconName);
     insert.Execute();
-    return static_cast<std::int32_t>(lastID(db));
+    return static_cast<std::int32_t>(db.LastInsertID());
 }
 
 std::int32_t InventoryFixture::AddRIMApp(const std::string& name, const std::string& version) {
     SYStatement insert(db, "INSERT INTO [RIM Applications] (AppName, AppVersion) VALUES (?, ?)");
     insert.Bind(1, name).Bind(2, version);
     insert.Execute();
-    return static_cast<std::int32_t>(lastID(db));
+    return static_cast<std::int32_t>(db.LastInsertID());
 }
 
 std::uint32_t InventoryFixture::AddFile(unsigned char inv, const std::string& name,
@@ -91,23 +52,55 @@ std::uint32_t InventoryFixture::AddFile(unsigned char inv, const std::string& na
                                         std::uint32_t appID) {
     SYStatement insert(db, "INSERT INTO Files (InvDataType, FileName, FileSize, FileTime, "
                            "FileState, AppID) VALUES (?, ?, ?, ?, ?, ?)");
-    insert.Bind(1, std::int64_t{inv})
-        .Bind(2, name)
-        .Bind(3, size)
-        .Bind(4, time)
-        .Bind(5, std::int64_t{state})
-        .Bind(6, std::int64_t{appID});
+    insert.Bind(1, std::int64_t{inv}).Bind(2, name).Bind(3, size).Bind(4, time);
+    insert.Bind(5, std::int64_t{state}).Bind(6, std::int64_t{appID});
     insert.Execute();
-    const auto fileID = lastID(db);
-    SYStatement location(db, "INSERT INTO FileLocations (FileID, MachineID, Location) "
-                             "VALUES (?, 1, 'C:\\Program Files')");
-    location.Bind(1, fileID);
-    location.Execute();
+    const auto fileID = db.LastInsertID();
+    Run("INSERT INTO FileLocations (FileID, MachineID, Location) VALUES (" +
+        std::to_string(fileID) + ", 1, 'C:\\Program Files')");
     return static_cast<std::uint32_t>(fileID);
 }
 
-std::vector<std::string> InventoryFixture::ReportKinds() const {
-    std::vector<std::string> kinds;
+void InventoryFixture::Run(const std::string& sql) {
+    SYStatement statement(db, sql);
+    statement.Execute();
+}
+
+std::vector<HTREEITEM> InventoryFixture::Children(HTREEITEM parent) {
+    std::vector<HTREEITEM> nodes;
+    for (HTREEITEM n = Ctrl().GetChildItem(parent); n; n = Ctrl().GetNextSiblingItem(n))
+        nodes.push_back(n);
+    return nodes;
+}
+
+Strings InventoryFixture::Texts(HTREEITEM parent) {
+    Strings texts;
+    for (HTREEITEM node : Children(parent))
+        texts.push_back(Ctrl().GetItemText(node));
+    return texts;
+}
+
+void InventoryFixture::Expand(HTREEITEM node) {
+    tree.CheckBuildItem(node);
+    Ctrl().Expand(node, TVE_EXPAND);
+}
+
+Strings InventoryFixture::Rows() const {
+    Strings rows;
+    for (int row = 0; row < list.GetItemCount(); ++row)
+        rows.push_back(list.GetItemString(row));
+    return rows;
+}
+
+Strings InventoryFixture::Column(int column) const {
+    Strings cells;
+    for (int row = 0; row < list.GetItemCount(); ++row)
+        cells.push_back(list.GetItemText(row, column));
+    return cells;
+}
+
+Strings InventoryFixture::ReportKinds() const {
+    Strings kinds;
     for (const auto& report : SYGetApp().Reports())
         kinds.push_back(report.kind);
     return kinds;

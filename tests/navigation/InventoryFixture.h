@@ -6,35 +6,59 @@
 #include <string>
 #include <vector>
 
+#include "navigation/SYInvListCtrl.h"
+#include "navigation/SYInvTreeWnd.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/widgets/SYWnd.h"
 
-// A fresh in-memory inventory per test, with helpers that write exactly the rows a case
-// needs, a top-level window to host the views, and the failure reports cleared.
+using Strings = std::vector<std::string>;
+
+// The views with their protected building blocks opened to the tests.
+class TestTree : public SYInvTreeWnd {
+public:
+    using SYInvTreeWnd::BuildApps;
+    using SYInvTreeWnd::SetAppsItem;
+    using SYInvTreeWnd::UpdateAppCounts;
+    using SYInvTreeWnd::UpdateApps;
+};
+
+class TestList : public SYInvListCtrl {
+public:
+    using SYInvListCtrl::FindApplication;
+    using SYInvListCtrl::RemoveMatchingFiles;
+    using SYInvListCtrl::SwitchMode;
+};
+
+// A fresh in-memory inventory per test with a tree and a list on it, helpers that write
+// exactly the rows a case needs, and the failure reports cleared.
 class InventoryFixture : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Recreates the store without the "RIM Applications" table.
-    void UseStoreWithoutRIM();
-
+    // inv 0 is the Windows table, 1 the Windows CE one.
     std::uint32_t AddApp(unsigned char inv, const std::string& company,
                          const std::string& companyInternal, const std::string& name,
-                         const std::string& version, int installed = 1,
-                         const std::string& nameInternal = "");
-    void SetAppCompany(std::uint32_t appID, unsigned char inv, const std::string& company);
-    void SetAppVersion(std::uint32_t appID, unsigned char inv, const std::string& version);
-    void RemoveApp(std::uint32_t appID, unsigned char inv);
+                         const std::string& version, int installed = 1);
     std::int32_t AddPalmApp(const std::string& name, const std::string& version,
                             const std::string& iconName = "");
     std::int32_t AddRIMApp(const std::string& name, const std::string& version);
     // A file on one client; state 0 unidentified, 3 ignored by a user rule, 1 identified.
     std::uint32_t AddFile(unsigned char inv, const std::string& name, std::int64_t size,
                           std::int64_t time, int state = 0, std::uint32_t appID = 0);
+    void Run(const std::string& sql);
 
-    std::vector<std::string> ReportKinds() const;
+    SYTreeCtrlEx& Ctrl() { return tree.GetTreeCtrl(); }
+    std::vector<HTREEITEM> Children(HTREEITEM parent);
+    Strings Texts(HTREEITEM parent);
+    // What the console does before a node expands, then the user's expansion.
+    void Expand(HTREEITEM node);
+    Strings Rows() const;
+    Strings Column(int column) const;
+    Strings ReportKinds() const;
 
     SYDatabase db;
     SYWnd host;
+    TestTree tree;
+    TestList list;
 };

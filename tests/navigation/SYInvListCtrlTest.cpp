@@ -1,102 +1,53 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "navigation/InventoryFixture.h"
-#include "navigation/SYInvListCtrl.h"
 #include "outside/services/SYConsoleApp.h"
-#include "outside/store/SYStatement.h"
+#include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYFontMetrics.h"
 #include "rules/SYIdRuleItem.h"
 #include "rules/SYIgnoreRuleItem.h"
 
 namespace {
 
-using Strings = std::vector<std::string>;
+using InvListTest = InventoryFixture;
 
-class TestList : public SYInvListCtrl {
-public:
-    using SYInvListCtrl::FindApplication;
-    using SYInvListCtrl::RemoveMatchingFiles;
-    using SYInvListCtrl::SwitchMode;
-};
+int padded(const std::string& text) {
+    return SYFontMetrics::TextWidth(text) + SYFontMetrics::ColumnPadding;
+}
 
-class InvListTest : public InventoryFixture {
-protected:
-    void SetUp() override {
-        InventoryFixture::SetUp();
-        ASSERT_EQ(list.Initialize(300, 4052, 0x808000, 14, &host), 1);
-        list.SetDatabase(&db);
-    }
-
-    Strings rows() const {
-        Strings result;
-        for (int row = 0; row < list.GetItemCount(); ++row)
-            result.push_back(list.GetItemString(row));
-        return result;
-    }
-
-    Strings column(int col) const {
-        Strings result;
-        for (int row = 0; row < list.GetItemCount(); ++row)
-            result.push_back(list.GetItemText(row, col));
-        return result;
-    }
-
-    static int padded(const std::string& text) {
-        return SYFontMetrics::TextWidth(text) + SYFontMetrics::ColumnPadding;
-    }
-
-    TestList list;
-};
-
-TEST_F(InvListTest, InitializeDeclaresSixModesWithoutActivatingOne) {
-    EXPECT_EQ(list.ActiveMode(), -1);
-    EXPECT_EQ(list.GetColumnCount(), 0);
-    const std::vector<int> modes{list.CompanyListMode(),   list.AppListMode(),
-                                 list.ExcludedFilesMode(), list.UnidFilesMode(),
-                                 list.PalmAppListMode(),   list.RIMAppListMode()};
-    EXPECT_EQ(modes, (std::vector<int>{0, 1, 2, 3, 4, 5}));
-    EXPECT_TRUE(list.ModeColumns(6).empty());
-
-    struct Expect {
+TEST_F(InvListTest, EachModeShowsItsColumnsAtLeastAsWideAsTheirSamples) {
+    struct Mode {
         int mode;
-        Strings names;
+        Strings titles;
         std::vector<int> formats;
         Strings samples;
     };
-    const std::vector<Expect> expected = {
-        {0, {"Name"}, {0}, {"SAMPLE2 Software Information Management Group"}},
-        {1, {"Name", "Version"}, {0, 0}, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888"}},
-        {2,
-         {"File", "Size", "Mod Time"},
-         {0, 1, 0},
-         {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
-        {3,
-         {"File", "Size", "Mod Time"},
-         {0, 1, 0},
-         {"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"}},
-        {5, {"Name", "Version"}, {0, 0}, {"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888"}},
+    const Strings app{"SAMPLE_X Software SAMPLE1 Client", "8.8.8.8888"};
+    const Strings file{"OOOOOOOOOOOOO", "0,000,000", "10/00/0000 12:00 AM"};
+    const std::vector<Mode> modes = {
+        {list.CompanyListMode(), {"Name"}, {0}, {"SAMPLE2 Software Information Management Group"}},
+        {list.AppListMode(), {"Name", "Version"}, {0, 0}, app},
+        {list.ExcludedFilesMode(), {"File", "Size", "Mod Time"}, {0, 1, 0}, file},
+        {list.UnidFilesMode(), {"File", "Size", "Mod Time"}, {0, 1, 0}, file},
+        {list.PalmAppListMode(), {"Name", "Version"}, {0, 0}, app},
+        {list.RIMAppListMode(), {"Name", "Version"}, {0, 0}, app},
     };
-    for (const Expect& e : expected) {
-        const auto columns = list.ModeColumns(e.mode);
-        ASSERT_EQ(columns.size(), e.names.size()) << e.mode;
-        for (std::size_t c = 0; c < columns.size(); ++c) {
-            EXPECT_EQ(columns[c].Name, e.names[c]);
-            EXPECT_EQ(columns[c].Format, e.formats[c]);
-            EXPECT_GE(columns[c].Width, padded(e.names[c]));
-            EXPECT_EQ(columns[c].Width, std::max(padded(e.names[c]), padded(e.samples[c])));
+    for (const Mode& m : modes) {
+        SCOPED_TRACE(m.mode);
+        list.SwitchMode(m.mode);
+        ASSERT_EQ(list.GetColumnCount(), static_cast<int>(m.titles.size()));
+        for (int c = 0; c < list.GetColumnCount(); ++c) {
+            const auto i = static_cast<std::size_t>(c);
+            EXPECT_EQ(list.GetColumnTitle(c), m.titles[i]);
+            EXPECT_EQ(list.GetColFormat(c), m.formats[i]);
+            EXPECT_EQ(list.GetHdrFormat(c), m.formats[i]);
+            EXPECT_EQ(list.GetColWidth(c), std::max(padded(m.titles[i]), padded(m.samples[i])));
         }
-    }
-}
-
-TEST_F(InvListTest, SizeIsRightAlignedInHeaderAndCellsOfBothFileModes) {
-    for (auto set : {&SYInvListCtrl::SetExcludedFilesMode, &SYInvListCtrl::SetUnidFilesMode}) {
-        (list.*set)(1);
-        EXPECT_EQ(list.GetColFormat(1), 1);
-        EXPECT_EQ(list.GetHdrFormat(1), 1);
-        EXPECT_EQ(list.GetColFormat(0), 0);
     }
 }
 
@@ -125,18 +76,12 @@ TEST_F(InvListTest, WidthsLiveOnPerModeButTheSortRestarts) {
     EXPECT_EQ(list.GetColWidth(0), 222);
     list.SetAppListMode(0);
     EXPECT_EQ(list.GetColWidth(1), 111);
-}
 
-TEST_F(InvListTest, SameModeForAnotherPlatformChangesOnlyThePlatform) {
-    list.SetUnidFilesMode(0);
-    list.ClickHeader(2);
-    const int invalidations = list.InvalidateCount();
-    list.SetUnidFilesMode(1);
+    // The same mode for another platform changes only the platform.
+    list.ClickHeader(1);
+    list.SetAppListMode(1);
     EXPECT_EQ(list.InvDataType(), 1);
-    EXPECT_EQ(list.SortColumn(), 2);
-    EXPECT_EQ(list.InvalidateCount(), invalidations);
-    list.SwitchMode(17);
-    EXPECT_EQ(list.ActiveMode(), list.UnidFilesMode());
+    EXPECT_EQ(list.SortColumn(), 1);
 }
 
 TEST_F(InvListTest, CompaniesListOncePerInternalNameWithNoCompanyFirst) {
@@ -148,10 +93,11 @@ TEST_F(InvListTest, CompaniesListOncePerInternalNameWithNoCompanyFirst) {
     AddApp(0, "Windows Only", "windows only", "W", "1");
     list.SetCompanyListMode(1);
     list.BuildCompanies();
-    EXPECT_EQ(rows(), (Strings{"(No Company)", "Acme Corp.", "Zeta"}));
-    EXPECT_EQ(list.GetItemImage(0), 14);
+    EXPECT_EQ(Rows(), (Strings{"(No Company)", "Acme Corp.", "Zeta"}));
+    EXPECT_EQ(list.GetItemImage(0), SYAdminImages::ImagePPCCompany);
     list.ClickHeader(0);
-    EXPECT_EQ(rows(), (Strings{"Zeta", "Acme Corp.", "(No Company)"}));
+    EXPECT_EQ(Rows(), (Strings{"Zeta", "Acme Corp.", "(No Company)"}));
+    list.SelectItem(0);
     EXPECT_EQ(list.GetSelectedAppID(), 0u);
 }
 
@@ -162,20 +108,19 @@ TEST_F(InvListTest, ApplicationsSortByColumnWithAscendingTieBreaks) {
     AddApp(1, "Other", "other", "Elsewhere", "1");
     list.SetAppListMode(1);
     list.BuildAppList("ACME");
-    EXPECT_EQ(rows(), (Strings{"Editor\t2.0", "Tool\t10.0", "Tool\t2.0"}));
-    EXPECT_EQ(list.GetItemImage(0), 15);
+    EXPECT_EQ(Rows(), (Strings{"Editor\t2.0", "Tool\t10.0", "Tool\t2.0"}));
+    EXPECT_EQ(list.GetItemImage(0), SYAdminImages::ImagePPCApp);
 
     list.ClickHeader(0);
-    EXPECT_EQ(rows(), (Strings{"Tool\t10.0", "Tool\t2.0", "Editor\t2.0"}));
+    EXPECT_EQ(Rows(), (Strings{"Tool\t10.0", "Tool\t2.0", "Editor\t2.0"}));
     list.ClickHeader(1);
-    EXPECT_EQ(rows(), (Strings{"Tool\t10.0", "Editor\t2.0", "Tool\t2.0"}));
+    EXPECT_EQ(Rows(), (Strings{"Tool\t10.0", "Editor\t2.0", "Tool\t2.0"}));
     list.ClickHeader(1);
-    EXPECT_EQ(rows(), (Strings{"Editor\t2.0", "Tool\t2.0", "Tool\t10.0"}));
+    EXPECT_EQ(Rows(), (Strings{"Editor\t2.0", "Tool\t2.0", "Tool\t10.0"}));
 
-    list.SelectItem(2);
-    EXPECT_EQ(list.GetItemString(2), "Tool\t10.0");
     list.SelectItem(1);
     EXPECT_EQ(list.GetSelectedAppID(), first);
+    EXPECT_EQ(list.GetSelectedPalmAppID(), 0);
     EXPECT_EQ(list.FindApplication(first), 1);
 }
 
@@ -183,22 +128,23 @@ TEST_F(InvListTest, FileListsReadTheirFilterAndSortDescendingOnSize) {
     AddFile(1, "b.dll", 200, 1000);
     AddFile(1, "a.dll", 200, 2000);
     AddFile(1, "c.dll", 100, 3000);
-    AddFile(1, "ignored.tmp", 5, 0, 3);
+    const auto ignored = AddFile(1, "ignored.tmp", 5, 0, 3);
     AddFile(0, "pc.exe", 5, 0);
     list.SetUnidFilesMode(1);
     list.BuildUnidFiles();
-    EXPECT_EQ(column(0), (Strings{"a.dll", "b.dll", "c.dll"}));
-    EXPECT_EQ(list.GetItemImage(0), 6);
+    EXPECT_EQ(Column(0), (Strings{"a.dll", "b.dll", "c.dll"}));
+    EXPECT_EQ(list.GetItemImage(0), SYAdminImages::ImageFile);
     list.ClickHeader(1);
     list.ClickHeader(1);
-    EXPECT_EQ(column(0), (Strings{"a.dll", "b.dll", "c.dll"})) << "equal sizes stay by name";
-    EXPECT_EQ(column(1), (Strings{"200", "200", "100"}));
+    EXPECT_EQ(Column(0), (Strings{"a.dll", "b.dll", "c.dll"})) << "equal sizes stay by name";
+    EXPECT_EQ(Column(1), (Strings{"200", "200", "100"}));
 
     list.SetExcludedFilesMode(1);
     list.BuildExcludes();
-    EXPECT_EQ(rows(), (Strings{"ignored.tmp\t5\tAny"}));
+    EXPECT_EQ(Rows(), (Strings{"ignored.tmp\t5\tAny"}));
     list.SelectItem(0);
-    EXPECT_NE(list.GetSelectedFileID(), 0u);
+    EXPECT_EQ(list.GetSelectedFileID(), ignored);
+    EXPECT_EQ(list.GetSelectedAppID(), 0u);
 }
 
 TEST_F(InvListTest, HandheldListsNameTheirApplications) {
@@ -207,96 +153,89 @@ TEST_F(InvListTest, HandheldListsNameTheirApplications) {
     AddPalmApp("Calc", "", "");
     list.SetPalmAppListMode();
     list.BuildPalmAppList();
-    EXPECT_EQ(column(0), (Strings{"Calc", "Clock", "Memos  (MemoPad)"}));
-    EXPECT_EQ(column(1), (Strings{"", "2", "1.0"}));
-    EXPECT_EQ(list.GetItemImage(0), 12);
+    EXPECT_EQ(Rows(), (Strings{"Calc", "Clock\t2", "Memos  (MemoPad)\t1.0"}));
+    EXPECT_EQ(list.GetItemImage(0), SYAdminImages::ImagePalmApp);
     list.SelectItem(2);
     EXPECT_EQ(list.GetSelectedPalmAppID(), memo);
-    EXPECT_EQ(list.GetSelectedAppID(), 0u) << "the Palm and BlackBerry reads are separate";
+    EXPECT_EQ(list.GetSelectedAppID(), 0u);
     EXPECT_EQ(list.GetSelectedRIMAppID(), 0);
     EXPECT_EQ(list.FindApplication(memo), -1);
 
     const auto mail = AddRIMApp("Mail", "4.0");
     list.SetRIMAppListMode();
     list.BuildRIMAppList();
-    EXPECT_EQ(rows(), Strings{"Mail\t4.0"});
-    EXPECT_EQ(list.GetItemImage(0), 21);
+    EXPECT_EQ(Rows(), Strings{"Mail\t4.0"});
+    EXPECT_EQ(list.GetItemImage(0), SYAdminImages::ImageRIMApp);
     list.SelectItem(0);
     EXPECT_EQ(list.GetSelectedRIMAppID(), mail);
     list.ClearData();
-    EXPECT_EQ(list.Data().GetSize(), 0);
+    EXPECT_EQ(list.GetItemCount() + list.Data().GetSize(), 0);
 }
 
-
-class RemoveMatchingTest : public InvListTest {
-protected:
-    void SetUp() override {
-        InvListTest::SetUp();
-        for (const char* name : {"a.dll", "b.dll", "keep.dll", "x.dll"})
-            AddFile(1, name, 10, 1000);
-        AddFile(1, "X.DLL", 20, 1000);
-        list.SetUnidFilesMode(1);
+TEST_F(InvListTest, RemovingMatchingFilesKeepsTheSelectionNumber) {
+    for (const char* name : {"a.dll", "b.dll", "keep.dll", "x.dll"})
+        AddFile(1, name, 10, 1000);
+    AddFile(1, "X.DLL", 20, 1000);
+    list.SetUnidFilesMode(1);
+    struct Case {
+        std::vector<int> selected;
+        Strings rules;
+        Strings left;
+        std::vector<int> selectedAfter;
+    };
+    const std::vector<Case> cases = {
+        {{1}, {"a.dll"}, {"b.dll", "keep.dll", "x.dll", "X.DLL"}, {1}},
+        {{4}, {"x.dll"}, {"a.dll", "b.dll", "keep.dll"}, {2}},
+        {{0, 2}, {"A.DLL"}, {"b.dll", "keep.dll", "x.dll", "X.DLL"}, {1}},
+        {{0}, {"a.dll", "b.dll", "keep.dll", "x.dll"}, {}, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.rules.front());
         list.BuildUnidFiles();
+        ASSERT_EQ(Column(0), (Strings{"a.dll", "b.dll", "keep.dll", "x.dll", "X.DLL"}));
+        for (int row : c.selected)
+            list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+        for (const std::string& name : c.rules) {
+            SYIgnoreRuleItem rule;
+            rule.SetFileName(name);
+            list.RemoveMatchingFiles(&rule);
+        }
+        EXPECT_EQ(Column(0), c.left);
+        EXPECT_EQ(list.GetSelectedRows(), c.selectedAfter);
+        EXPECT_TRUE(list.IsRedrawOn());
+        // The records went with the rows: a redisplay does not bring them back.
+        list.ClickHeader(0);
+        list.ClickHeader(0);
+        EXPECT_EQ(Column(0), c.left);
     }
-
-    SYIgnoreRuleItem rule(const std::string& name) {
-        SYIgnoreRuleItem item;
-        item.SetFileName(name);
-        return item;
-    }
-};
-
-TEST_F(RemoveMatchingTest, RemovedLastSelectedRowPassesTheSelectionUp) {
-    ASSERT_EQ(column(0), (Strings{"a.dll", "b.dll", "keep.dll", "x.dll", "X.DLL"}));
-    list.SelectItem(4);
-    const auto x = rule("x.dll");
-    list.RemoveMatchingFiles(&x);
-    EXPECT_EQ(column(0), (Strings{"a.dll", "b.dll", "keep.dll"}));
-    EXPECT_EQ(list.GetSelectedItem(), 2);
-    EXPECT_TRUE(list.IsRedrawOn());
-    // The record went with the row: a header click does not bring it back.
-    list.ClickHeader(0);
-    list.ClickHeader(0);
-    EXPECT_EQ(column(0), (Strings{"a.dll", "b.dll", "keep.dll"}));
 }
 
-TEST_F(RemoveMatchingTest, TwoSelectedRowsLeaveTheSelectionToTheList) {
-    list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
-    list.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED);
-    const auto a = rule("A.DLL");
-    list.RemoveMatchingFiles(&a);
-    EXPECT_EQ(column(0), (Strings{"b.dll", "keep.dll", "x.dll", "X.DLL"}));
-    EXPECT_EQ(list.GetSelectedRows(), std::vector<int>{1});
-}
-
-TEST_F(RemoveMatchingTest, RemovingEveryRowSelectsNothing) {
-    list.SelectItem(0);
-    for (const char* name : {"a.dll", "b.dll", "keep.dll", "x.dll"}) {
-        const auto r = rule(name);
-        list.RemoveMatchingFiles(&r);
-    }
-    EXPECT_EQ(list.GetItemCount(), 0);
-    EXPECT_EQ(list.GetSelectedItem(), -1);
-    EXPECT_EQ(list.GetSelectedFileID(), 0u);
-}
-
-TEST_F(RemoveMatchingTest, RuleChangesOfAnotherPlatformOrModeDoNothing) {
+TEST_F(InvListTest, FileRuleChangesReachOnlyFileListsOfTheirPlatform) {
+    AddFile(1, "a.dll", 10, 1000);
+    AddFile(1, "a.dll", 10, 2000, 3);
     SYIdRuleItem id;
     id.SetFileName("a.dll");
+    SYIgnoreRuleItem ignore;
+    ignore.SetFileName("A.DLL");
+    list.SetUnidFilesMode(1);
+    list.BuildUnidFiles();
     list.IdentifyFile(&id, 0);
-    list.ExcludeFile(&id, 0);
-    list.IgnoreApplication(1, 0);
-    EXPECT_EQ(list.GetItemCount(), 5);
+    list.ExcludeFile(&ignore, 0);
+    EXPECT_EQ(list.GetItemCount(), 1) << "another platform's rules";
+    list.ExcludeFile(&ignore, 1);
+    EXPECT_EQ(list.GetItemCount(), 0) << "the unidentified list only loses";
+    list.SetExcludedFilesMode(1);
+    list.BuildExcludes();
     list.IdentifyFile(&id, 1);
-    EXPECT_EQ(list.GetItemCount(), 4);
+    EXPECT_EQ(list.GetItemCount(), 0);
 }
 
-TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByNameAndSizeWhateverTheirTime) {
+TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByItsNameSizeAndTime) {
     AddFile(1, "old.exe", 10, 1000, 3);
     AddFile(1, "new.exe", 10, 1000, 0);
     list.SetExcludedFilesMode(1);
     list.BuildExcludes();
-    ASSERT_EQ(column(0), Strings{"old.exe"});
+    ASSERT_EQ(Column(0), Strings{"old.exe"});
 
     // The store has since applied the rule: these files are ignored now.
     AddFile(1, "tool.exe", 10, 1000, 3);
@@ -306,8 +245,13 @@ TEST_F(InvListTest, ExcludeFileReadsTheRuleFilesByNameAndSizeWhateverTheirTime) 
     rule.SetFileName("TOOL.EXE");
     rule.SetFileSize(10, 0);
     list.ExcludeFile(&rule, 1);
-    EXPECT_EQ(column(0), (Strings{"old.exe", "tool.exe", "tool.exe"}));
-    EXPECT_EQ(column(1), (Strings{"10", "10", "10"}));
+    EXPECT_EQ(Column(0), (Strings{"old.exe", "tool.exe", "tool.exe"}));
+    EXPECT_EQ(Column(1), (Strings{"10", "10", "10"}));
+    SYIgnoreRuleItem timed;
+    timed.SetFileName("tool.exe");
+    timed.SetModTime(CTime(5000));
+    list.ExcludeFile(&timed, 1);
+    EXPECT_EQ(Column(1), (Strings{"10", "10", "10"})) << "the time filters too";
     EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
@@ -316,35 +260,49 @@ TEST_F(InvListTest, IgnoredApplicationLeavesTheAppListAndCompanyListIsReread) {
     AddApp(1, "Acme", "acme", "Editor", "1");
     list.SetAppListMode(1);
     list.BuildAppList("acme");
+    list.IgnoreApplication(tool, 0);
+    EXPECT_EQ(list.GetItemCount(), 2) << "another platform's application";
     list.IgnoreApplication(tool, 1);
-    EXPECT_EQ(rows(), Strings{"Editor\t1"});
+    EXPECT_EQ(Rows(), Strings{"Editor\t1"});
     list.ClickHeader(0);
-    EXPECT_EQ(rows(), Strings{"Editor\t1"});
+    EXPECT_EQ(Rows(), Strings{"Editor\t1"});
 
     list.SetCompanyListMode(1);
     list.BuildCompanies();
-    ASSERT_EQ(rows(), Strings{"Acme"});
-    SYStatement hide(db, "UPDATE [PPC Applications] SET AppInstalled = 0");
-    hide.Execute();
+    ASSERT_EQ(Rows(), Strings{"Acme"});
+    Run("UPDATE [PPC Applications] SET AppInstalled = 0");
     list.IgnoreApplication(tool, 1);
     EXPECT_EQ(list.GetItemCount(), 0);
 }
 
-TEST_F(InvListTest, FailedBuildIsReportedAndMakesNoRows) {
+TEST_F(InvListTest, EveryFailedBuildIsReportedAndMakesNoRows) {
+    AddApp(1, "Acme", "acme", "Tool", "1");
     AddFile(1, "a.dll", 10, 1000);
-    list.SetUnidFilesMode(1);
-    db.FailStatement(1);
-    list.BuildUnidFiles();
-    EXPECT_EQ(ReportKinds(), Strings{"CDBException"});
-    EXPECT_EQ(list.GetItemCount(), 0);
-
-    list.SetCompanyListMode(1);
-    db.FailStatement(1);
-    list.BuildCompanies();
-    EXPECT_EQ(ReportKinds().size(), 2u);
-    EXPECT_TRUE(list.IsRedrawOn());
-    EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
+    AddFile(1, "b.dll", 10, 1000, 3);
+    AddPalmApp("MemoPad", "1.0");
+    AddRIMApp("Mail", "4.0");
+    using Build = std::function<void()>;
+    const std::vector<std::pair<Build, Build>> builds = {
+        {[&] { list.SetCompanyListMode(1); }, [&] { list.BuildCompanies(); }},
+        {[&] { list.SetAppListMode(1); }, [&] { list.BuildAppList("acme"); }},
+        {[&] { list.SetExcludedFilesMode(1); }, [&] { list.BuildExcludes(); }},
+        {[&] { list.SetUnidFilesMode(1); }, [&] { list.BuildUnidFiles(); }},
+        {[&] { list.SetPalmAppListMode(); }, [&] { list.BuildPalmAppList(); }},
+        {[&] { list.SetRIMAppListMode(); }, [&] { list.BuildRIMAppList(); }},
+    };
+    for (std::size_t i = 0; i < builds.size(); ++i) {
+        SCOPED_TRACE(i);
+        SYGetApp().ClearReports();
+        builds[i].first();
+        builds[i].second();
+        ASSERT_EQ(list.GetItemCount(), 1) << "every build reads its row";
+        db.FailStatement(1);
+        builds[i].second();
+        EXPECT_EQ(ReportKinds(), Strings{"CDBException"});
+        EXPECT_EQ(list.GetItemCount(), 0);
+        EXPECT_TRUE(list.IsRedrawOn());
+        EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
+    }
 }
-
 
 } // namespace
