@@ -8,13 +8,13 @@
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
-#include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
+#include "store/StoreQueries.h"
 
 namespace {
 
 // Two PCs with one application, Tool, in several folders, and a file of no application
-// among its files.
+// among its files; a Windows CE device holds a file of that name too.
 class InstallationsTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -31,6 +31,8 @@ protected:
         writer.AddFile(0, pc2, "C:\\Tool", helper);
         writer.AddFile(0, pc2, "C:\\Tool", tool);
         writer.AddFile(0, pc2, "D:\\Other", tool);
+        ce = writer.AddDevice(1, "ce-1", "", CTime(0));
+        writer.AddFile(1, ce, "\\Windows", readme);
         writer.Commit();
         SYStatement app(db, "SELECT AppID FROM Files WHERE FileName = 'tool.exe'");
         app.Step();
@@ -74,23 +76,15 @@ protected:
     }
 
     void ApplyRule(unsigned char type, const std::string& name) {
-        SYSWRuleSet rules(db);
-        rules.AddNew();
-        rules.SetRuleState(1);
-        rules.SetRuleType(type);
-        rules.SetFileName(name);
-        rules.SetAppName("Tool");
-        rules.SetAppVersion("1.0");
-        rules.SetAppCompany("Acme");
-        rules.Update(1);
         SYSamData sam(db);
         sam.InvDataType = 0;
-        sam.AddRule(rules.RuleID());
+        sam.AddRule(AddUserRule(db, type, name, "Tool", "Acme", "1.0"));
     }
 
     SYDatabase db;
     unsigned long pc1 = 0;
     unsigned long pc2 = 0;
+    unsigned long ce = 0;
     unsigned long toolApp = 0;
 };
 
@@ -146,23 +140,33 @@ TEST_F(InstallationsTest, IdsMoveOnlyWhereTheApplicationsFilesChange) {
     EXPECT_EQ(FilesOf(pc2, after.at("pc-2 C:\\Tool")), std::set<std::string>{"tool.exe"});
 }
 
-TEST_F(InstallationsTest, JoinedFileRowsTellTheirInstallation) {
+TEST_F(InstallationsTest, JoinedRowsTellTheirPlaceApplicationAndInstallation) {
     const auto installs = ToolInstallations();
-    SYStatement names(db, "SELECT MachineID, MachineName FROM Machines");
-    std::map<unsigned long, std::string> machineNames;
-    while (names.Step())
-        machineNames[static_cast<unsigned long>(names.Int64(0))] = names.Text(1);
+    std::map<unsigned long, std::string> machineNames = {{pc1, "pc-1"}, {pc2, "pc-2"}};
     SYAppFileSet files(db);
     files.JoinLocations();
-    files.SortByID();
     files.Open();
     int rows = 0;
     for (; !files.IsEOF(); files.MoveNext(), ++rows) {
         const std::string place = machineNames[files.MachineID()] + " " + files.FileLocation();
-        const unsigned long expected = files.AppID() == 0 ? 0 : installs.at(place);
-        EXPECT_EQ(files.InstallationID(), expected) << files.FileName() << " in " << place;
+        SCOPED_TRACE(files.FileName() + " in " + place);
+        const bool ofTool = files.AppID() != 0;
+        EXPECT_EQ(files.InstallationID(), ofTool ? installs.at(place) : 0);
+        EXPECT_EQ(files.AppName() + files.AppCompany(), ofTool ? "ToolAcme" : "");
     }
     EXPECT_EQ(rows, 6);
+    SYAppFileSet pcFiles(db);
+    pcFiles.FilterForUnidFiles();
+    EXPECT_EQ(FileNames(pcFiles), std::vector<std::string>{"readme.txt"});
+    SYAppFileSet ceFiles(db);
+    ceFiles.InvDataType = 1;
+    ceFiles.FilterForUnidFiles();
+    ceFiles.FilterForMachineID(ce);
+    ceFiles.Open();
+    ASSERT_FALSE(ceFiles.IsEOF());
+    EXPECT_EQ(ceFiles.FileLocation(), "\\Windows");
+    ceFiles.MoveNext();
+    EXPECT_TRUE(ceFiles.IsEOF());
 }
 
 // Reads through the view must reach the indexes of Files and FileLocations by the columns
@@ -177,8 +181,6 @@ TEST(SYInventorySchema, ReadsUseTheirIndexes) {
         {"SELECT i.InstallationID, m.MachineName, i.Location FROM Installations i JOIN Machines "
          "m ON m.MachineID = i.MachineID WHERE i.InvDataType = 0 AND i.AppID = 1 ORDER BY "
          "i.MachineID",
-         {"(InvDataType=? AND AppID=?)", "(FileID=?)"}},
-        {"SELECT DISTINCT MachineID FROM Installations WHERE InvDataType = 0 AND AppID = 1",
          {"(InvDataType=? AND AppID=?)", "(FileID=?)"}},
         {"SELECT InstallationID FROM Installations WHERE InvDataType = 0 AND AppID = 1 AND "
          "MachineID = 2 AND Location = 'C:\\'",

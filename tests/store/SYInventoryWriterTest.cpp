@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "outside/framework/CException.h"
@@ -7,15 +8,11 @@
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
+#include "store/StoreQueries.h"
 #include "support/StoreDump.h"
 #include "support/TempDir.h"
 
 namespace {
-
-long long scalar(SYDatabase& db, const std::string& sql) {
-    SYStatement statement(db, sql);
-    return statement.Step() ? statement.Int64(0) : -1;
-}
 
 TEST(SYInventoryWriter, RefusesScansItCannotPlace) {
     SYDatabase db;
@@ -52,11 +49,11 @@ TEST(SYInventoryWriter, NothingStaysWithoutCommitAndAFileIsOneRowWherever) {
     EXPECT_NE(writer.AddFile(0, pc, "C:\\Tool", {"tool.exe", 6, 60, "Tool", "1", "Maker"}), id);
     writer.Commit();
     EXPECT_THROW(writer.Commit(), CDBException);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM FileLocations WHERE FileID = " + std::to_string(id)),
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM FileLocations WHERE FileID = " + std::to_string(id)),
               2);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM Installations"), 2);
-    EXPECT_EQ(scalar(db, "SELECT CreationTime FROM MachineData WHERE ResourceID = 1"), 100);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM MachineData"), 1);
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM Installations"), 2);
+    EXPECT_EQ(Scalar(db, "SELECT CreationTime FROM MachineData WHERE ResourceID = 1"), 100);
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM MachineData"), 1);
 }
 
 TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhateverTheSeparators) {
@@ -70,17 +67,14 @@ TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhateverTheSeparators) {
         rules.Commit();
     }
     std::string backslashed = install.Path();
-    for (char& c : backslashed) {
-        if (c == '/')
-            c = '\\';
-    }
+    std::replace(backslashed.begin(), backslashed.end(), '/', '\\');
     SYDatabase db;
     db.OpenMemory();
     SYInventoryWriter writer(db, backslashed + "\\");
     const auto pc = writer.AddMachine("pc", "", CTime(0));
     writer.AddFile(0, pc, "C:\\", {"PAGEFILE.SYS", 5ULL << 32, 60, "", "", ""});
     writer.Commit();
-    EXPECT_EQ(scalar(db, "SELECT FileState FROM Files"), 3);
+    EXPECT_EQ(Scalar(db, "SELECT FileState FROM Files"), 3);
     SYSamData sam(db);
     EXPECT_EQ(sam.EstablishSystemRulesDb(backslashed), 1);
     EXPECT_EQ(sam.EstablishSystemRulesDb(install.File("nowhere")), 0);
