@@ -8,12 +8,11 @@
 #include "outside/store/SYAppCompanySet.h"
 #include "outside/store/SYAppEnum.h"
 #include "outside/store/SYAppSet.h"
-#include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYPalmAppEnum.h"
 #include "outside/store/SYRIMAppEnum.h"
-#include "outside/store/SYSamData.h"
 #include "outside/store/SYTableSet.h"
+#include "store/StoreQueries.h"
 
 namespace {
 
@@ -41,12 +40,11 @@ protected:
                                    palm, {});
         writer.AddPalmInstallation(
             writer.AddPalmApplication({"Memo", "2", "MemoDB", "MEMO", "Memo+"}), palm, {});
-        gone = writer.AddUserRule({0, 1, "gone.exe", {}, CTime(), "", "", "", "ignored"});
+        writer.AddUserRule({0, 1, "gone.exe", {}, CTime(), "", "", "", "ignored"});
         writer.Commit();
     }
 
     SYDatabase db;
-    unsigned long gone = 0;
 };
 
 TEST_F(AppInventory, CompaniesComeByInternalNameWithTheCommonestSpellingFirst) {
@@ -70,12 +68,9 @@ TEST_F(AppInventory, EnumeratesInstalledApplicationsOfOneCompany) {
     std::string internal;
     while (apps.EnumApp(name, version, internal) != 0) {
         rows.push_back(name + "|" + version + "|" + internal);
-        SYAppSet check(db);
-        check.FilterForAppID(apps.CurrentAppID());
-        check.Open();
-        ASSERT_FALSE(check.IsEOF());
-        EXPECT_EQ(check.AppName(), name);
-        EXPECT_EQ(check.AppCompanyInternal(), "acme");
+        EXPECT_EQ(Scalar(db, "SELECT AppName = '" + name + "' FROM Applications WHERE AppID = " +
+                                 std::to_string(apps.CurrentAppID())),
+                  1);
     }
     apps.EndEnumApps();
     EXPECT_EQ(rows, (std::vector<std::string>{"Alpha||alpha", "Zeta|1.0|zeta", "zeta|2.0|zeta"}));

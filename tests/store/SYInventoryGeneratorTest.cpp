@@ -3,11 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "outside/store/SYAppFileSet.h"
-#include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYInventorySummary.h"
-#include "outside/store/SYSamData.h"
 #include "store/StoreQueries.h"
 #include "support/StoreDump.h"
 #include "support/TempDir.h"
@@ -87,34 +84,6 @@ TEST(SYInventoryGenerator, CoversEveryPlatformAndKindOfVerdict) {
     EXPECT_EQ(Scalar(db, "SELECT COUNT(DISTINCT AppCompanyInternal) BETWEEN 1 AND 4 FROM "
                          "Applications WHERE AppCompany LIKE 'Longtail%'"),
               1);
-}
-
-TEST(SYInventoryGenerator, StoredVerdictsAgreeWithTheRuleService) {
-    TempDir install;
-    SYDatabase db;
-    db.OpenMemory();
-    SYInventoryGenerator(optionsOf(1, 60)).Generate(db, install.Path());
-    for (unsigned char type = 0; type < 2; ++type) {
-        SYSamData sam(db);
-        sam.InvDataType = type;
-        ASSERT_EQ(sam.EstablishSystemRulesDb(install.Path()), 1);
-        SYAppFileSet files(db);
-        files.InvDataType = type;
-        files.Open();
-        int checked = 0;
-        for (; !files.IsEOF(); files.MoveNext(), ++checked) {
-            SCOPED_TRACE(files.FileName());
-            _SYSAM_RULE_DATA data;
-            auto source = SYSamData::RuleSourceUser;
-            const int found = sam.FindEffectiveRule(files.FileID(), data, source);
-            EXPECT_EQ(files.RuleSource(), found != 0 ? static_cast<int>(source) : -1);
-            EXPECT_EQ(files.RuleID(), found != 0 ? data.RuleID : 0U);
-            if (found != 0 && data.RuleType == 0) {
-                EXPECT_EQ(files.AppName(), data.AppName);
-            }
-        }
-        EXPECT_GT(checked, 10);
-    }
 }
 
 TEST(SYInventoryGenerator, CreatesADemoInventoryOnlyWhereNoneIs) {

@@ -1,10 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "outside/framework/CException.h"
-#include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
@@ -56,17 +57,21 @@ TEST(SYInventoryWriter, NothingStaysWithoutCommitAndAFileIsOneRowWherever) {
     EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM MachineData"), 1);
 }
 
-TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhateverTheSeparators) {
-    TempDir install;
+// However the installation folder is spelled (odd characters, backslashes, a trailing
+// separator), its system rules take part; a file that is no rules database is refused.
+TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhereverTheInstallationIs) {
+    TempDir dir;
+    const std::string folder = dir.File("odd name's %rules#?");
+    std::filesystem::create_directory(folder);
     {
-        SYSystemRulesWriter rules(install.File(SYSamData::SystemRulesFileName));
+        SYSystemRulesWriter rules(folder + "/" + SYSamData::SystemRulesFileName);
         SYRuleRow ignore;
         ignore.ruleType = 1;
         ignore.fileName = "pagefile.sys";
         rules.AddRule(ignore);
         rules.Commit();
     }
-    std::string backslashed = install.Path();
+    std::string backslashed = folder;
     std::replace(backslashed.begin(), backslashed.end(), '/', '\\');
     SYDatabase db;
     db.OpenMemory();
@@ -77,8 +82,11 @@ TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhateverTheSeparators) {
     EXPECT_EQ(Scalar(db, "SELECT FileState FROM Files"), 3);
     SYSamData sam(db);
     EXPECT_EQ(sam.EstablishSystemRulesDb(backslashed), 1);
-    EXPECT_EQ(sam.EstablishSystemRulesDb(install.File("nowhere")), 0);
+    EXPECT_EQ(sam.EstablishSystemRulesDb(dir.File("nowhere")), 0);
     EXPECT_EQ(sam.EstablishSystemRulesDb(""), 0);
+    std::ofstream(dir.File(SYSamData::SystemRulesFileName)) << "not a database, not at all, no";
+    EXPECT_THROW(sam.EstablishSystemRulesDb(dir.Path()), CDBException);
+    EXPECT_FALSE(db.HaveSystemRules());
 }
 
 } // namespace

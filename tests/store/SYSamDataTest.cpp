@@ -1,18 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <string>
 #include <vector>
 
-#include "outside/framework/CException.h"
 #include "outside/store/SYAppFileSet.h"
-#include "outside/store/SYDatabase.h"
-#include "outside/store/SYInventoryWriter.h"
-#include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
-#include "store/StoreQueries.h"
-#include "support/StoreDump.h"
+#include "store/ToolInventory.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -90,16 +84,13 @@ TEST_P(PrecedenceTest, PicksTheEffectiveRuleAndStoresItsVerdict) {
     ASSERT_EQ(found != 0, !expected.empty());
     if (expected == "version") {
         EXPECT_EQ(data.RuleID, 0U);
-        EXPECT_EQ(data.AppName + "|" + data.AppVersion + "|" + data.AppCompany,
-                  "Versioned|9.1|Vendor");
+        EXPECT_EQ(data.AppName + data.AppVersion + data.AppCompany, "Versioned9.1Vendor");
     } else if (found != 0) {
         EXPECT_EQ(data.RuleID, ids.at(expected));
-        EXPECT_EQ(data.AppName, "App of " + expected);
-        EXPECT_EQ(data.Comment, "Comment of " + expected);
+        EXPECT_EQ(data.AppName + "|" + data.Comment,
+                  "App of " + expected + "|Comment of " + expected);
     }
-    if (found != 0) {
-        EXPECT_EQ(static_cast<int>(source), c.source);
-    }
+    EXPECT_EQ(found != 0 ? static_cast<int>(source) : -1, c.source);
     // What the writer stored when the file came in agrees.
     SYAppFileSet stored(db);
     stored.FilterForFileID(fileID);
@@ -110,128 +101,35 @@ TEST_P(PrecedenceTest, PicksTheEffectiveRuleAndStoresItsVerdict) {
     EXPECT_EQ(stored.RuleID(), found != 0 ? data.RuleID : 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SYSamData, PrecedenceTest,
-    testing::Values(
-        PrecedenceCase{"nothing", {}, false, "", -1, 0},
-        PrecedenceCase{"version information alone", {}, true, "version", 2, 1},
-        PrecedenceCase{"system rule before version information", {"s0"}, true, "s0", 1, 1},
-        PrecedenceCase{
-            "user rule before a more specific system one", {"u1", "s0st"}, true, "u1", 0, 4},
-        PrecedenceCase{"size and time beat size, time, name",
-                       {"u0st", "u0s", "u0t", "u0"},
-                       false,
-                       "u0st",
-                       0,
-                       2},
-        PrecedenceCase{"size beats a newer time rule", {"u1s", "u0t"}, false, "u1s", 0, 4},
-        PrecedenceCase{"time beats a newer name rule", {"u0t", "u1"}, false, "u0t", 0, 2},
-        PrecedenceCase{"newest of equals", {"u1", "u0"}, false, "u0", 0, 2},
-        PrecedenceCase{"retired user rule gives way", {"u0sx", "s1"}, false, "s1", 1, 3},
-        PrecedenceCase{"other size does not apply", {"u0S"}, false, "", -1, 0},
-        PrecedenceCase{"time of another minute does not apply", {"u0T", "u1"}, false, "u1", 0, 4},
-        PrecedenceCase{"rule of the other inventory does not apply", {"u0c"}, false, "", -1, 0},
-        PrecedenceCase{
-            "system size rule beats system name rule", {"s1s", "s0"}, false, "s1s", 1, 3},
-        PrecedenceCase{"no system rules file", {"s0"}, true, "version", 2, 1, false}));
+const PrecedenceCase kPrecedence[] = {
+    {"nothing", {}, false, "", -1, 0},
+    {"version information alone", {}, true, "version", 2, 1},
+    {"system rule before version information", {"s0"}, true, "s0", 1, 1},
+    {"user rule before a more specific system one", {"u1", "s0st"}, true, "u1", 0, 4},
+    {"size and time beat each alone", {"u0st", "u0s", "u0t", "u0"}, false, "u0st", 0, 2},
+    {"size beats a newer time rule", {"u1s", "u0t"}, false, "u1s", 0, 4},
+    {"time beats a newer name rule", {"u0t", "u1"}, false, "u0t", 0, 2},
+    {"newest of equals", {"u1", "u0"}, false, "u0", 0, 2},
+    {"retired user rule gives way", {"u0sx", "s1"}, false, "s1", 1, 3},
+    {"other size does not apply", {"u0S"}, false, "", -1, 0},
+    {"time of another minute does not apply", {"u0T", "u1"}, false, "u1", 0, 4},
+    {"rule of the other inventory does not apply", {"u0c"}, false, "", -1, 0},
+    {"system size rule beats system name rule", {"s1s", "s0"}, false, "s1s", 1, 3},
+    {"no system rules file", {"s0"}, true, "version", 2, 1, false},
+};
+INSTANTIATE_TEST_SUITE_P(SYSamData, PrecedenceTest, testing::ValuesIn(kPrecedence));
 
 // --- Applying rule changes -------------------------------------------------------------
 
-const std::vector<std::string> kViewerFolders = {"pc-0 C:\\Viewer", "pc-1 C:\\Viewer",
-                                                 "pc-2 C:\\Viewer"};
-const std::vector<std::string> kViewerPlaces = {"pc-0 C:\\Codecs", "pc-0 C:\\Viewer",
-                                                "pc-1 C:\\Viewer", "pc-2 C:\\Viewer"};
+using ApplyTest = ToolInventory;
 
-// Three PCs with Viewer in C:\Viewer beside an unidentified helper.dll; pc-0 also holds a
-// codec of Viewer whose company is spelled differently.
-class ApplyTest : public testing::Test {
-protected:
-    void SetUp() override {
-        db.OpenMemory();
-        SYInventoryWriter writer(db);
-        const SYScanFile viewer{"viewer.exe", 300, 600, "Viewer", "2.0", "Acme Corp."};
-        const SYScanFile helper{"helper.dll", 40, 600, "", "", ""};
-        const SYScanFile codec{"codec.dll", 70, 600, "Viewer", "2.0", "ACME Corporation"};
-        for (int i = 0; i < 3; ++i) {
-            const auto pc = writer.AddMachine("pc-" + std::to_string(i), "", CTime(0));
-            viewerID = writer.AddFile(0, pc, "C:\\Viewer", viewer);
-            helperID = writer.AddFile(0, pc, "C:\\Viewer", helper);
-            if (i == 0)
-                codecID = writer.AddFile(0, pc, "C:\\Codecs", codec);
-        }
-        writer.Commit();
-        sam.InvDataType = 0;
-        sam.EstablishSystemRulesDb("");
-    }
-
-    unsigned long AppOf(unsigned long fileID) {
-        return static_cast<unsigned long>(
-            Scalar(db, "SELECT AppID FROM Files WHERE FileID = " + std::to_string(fileID)));
-    }
-
-    long long StateOf(unsigned long fileID) {
-        return Scalar(db, "SELECT FileState FROM Files WHERE FileID = " + std::to_string(fileID));
-    }
-
-    // "client folder" of each installation of the application, in order.
-    std::vector<std::string> Places(unsigned long appID) {
-        SYStatement places(db, "SELECT m.MachineName || ' ' || i.Location FROM Installations i "
-                               "JOIN Machines m ON m.MachineID = i.MachineID WHERE "
-                               "i.InvDataType = 0 AND i.AppID = ?1 ORDER BY 1");
-        places.Bind(1, static_cast<std::int64_t>(appID));
-        std::vector<std::string> found;
-        while (places.Step())
-            found.push_back(places.Text(0));
-        return found;
-    }
-
-    long long Installed(unsigned long appID) {
-        return Scalar(db, "SELECT AppInstalled FROM Applications WHERE AppID = " +
-                              std::to_string(appID));
-    }
-
-    // Fails call at its first, second, ... statement until it runs through: every failure
-    // must leave the store as it was.
-    void ExpectAtomic(const std::function<void()>& call) {
-        const std::string before = DumpStore(db);
-        int failures = 0;
-        for (int nth = 1; nth < 500; ++nth) {
-            db.FailStatement(nth);
-            try {
-                call();
-            } catch (const CDBException&) {
-                ++failures;
-                ASSERT_EQ(DumpStore(db), before) << "failure at statement " << nth;
-                ASSERT_FALSE(db.InTransaction());
-                continue;
-            }
-            break;
-        }
-        db.ClearFault();
-        EXPECT_GT(failures, 2);
-    }
-
-    SYDatabase db;
-    SYSamData sam{db};
-    unsigned long viewerID = 0;
-    unsigned long helperID = 0;
-    unsigned long codecID = 0;
-};
-
-TEST_F(ApplyTest, SpellingsOfOneCompanyShareOneApplication) {
-    const auto viewerApp = AppOf(viewerID);
-    EXPECT_EQ(AppOf(codecID), viewerApp);
-    EXPECT_EQ(Places(viewerApp), kViewerPlaces);
-    sam.AddRule(AddUserRule(db, 0, "helper.dll", "viewer", "acme corporation", "2.0"));
-    EXPECT_EQ(AppOf(helperID), viewerApp);
-    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM Applications"), 1);
-}
-
-TEST_F(ApplyTest, IdentifyingAFileMakesItsApplicationAndInstallations) {
-    sam.AddRule(AddUserRule(db, 0, "HELPER.DLL", "  Helper  Kit ", "Helpful, Inc.", "1.5"));
-    const auto app = AppOf(helperID);
+TEST_F(ApplyTest, IdentifyingAFileMakesItsApplicationWhereTheFileLies) {
+    Apply(0, "README.TXT", "  Helper  Kit ", "Helpful, Inc.", "1.5");
+    const auto app = AppOf(readmeID);
     ASSERT_NE(app, 0U);
-    EXPECT_EQ(Places(app), kViewerFolders);
+    ASSERT_NE(app, toolApp);
+    EXPECT_EQ(StateOf(readmeID), 2);
+    EXPECT_EQ(Places(app), std::vector<std::string>{"pc-1 C:\\Tool"});
     EXPECT_EQ(Installed(app), 1);
     SYStatement names(db, "SELECT AppName || '|' || AppNameInternal || '|' || AppCompany || '|' "
                           "|| AppCompanyInternal || '|' || AppVersion FROM Applications WHERE "
@@ -239,56 +137,50 @@ TEST_F(ApplyTest, IdentifyingAFileMakesItsApplicationAndInstallations) {
                               std::to_string(app));
     ASSERT_TRUE(names.Step());
     EXPECT_EQ(names.Text(0), "Helper  Kit|helper kit|Helpful, Inc.|helpful|1.5");
-    EXPECT_EQ(StateOf(helperID), 2);
 }
 
 TEST_F(ApplyTest, IgnoringFilesUninstallsAnApplicationOnlyWhereNothingIsLeft) {
-    const auto viewerApp = AppOf(viewerID);
-    sam.AddRule(AddUserRule(db, 1, "viewer.exe"));
-    EXPECT_EQ(AppOf(viewerID), 0U);
-    EXPECT_EQ(Places(viewerApp), std::vector<std::string>{"pc-0 C:\\Codecs"});
-    EXPECT_EQ(Installed(viewerApp), 1);
-    sam.AddRule(AddUserRule(db, 1, "codec.dll"));
-    EXPECT_TRUE(Places(viewerApp).empty());
-    EXPECT_EQ(Installed(viewerApp), 0);
+    Apply(1, "tool.exe");
+    EXPECT_EQ(AppOf(toolID), 0U);
+    EXPECT_EQ(Places(toolApp), (std::vector<std::string>{"pc-1 C:\\Tool", "pc-2 C:\\Tool"}));
+    EXPECT_EQ(Installed(toolApp), 1);
+    Apply(1, "toolhelp.dll");
+    EXPECT_TRUE(Places(toolApp).empty());
+    EXPECT_EQ(Installed(toolApp), 0);
     SYAppFileSet ignored(db);
     ignored.FilterForExcludedFiles();
     ignored.SortByID();
-    EXPECT_EQ(FileNames(ignored), (std::vector<std::string>{"viewer.exe", "codec.dll"}));
-}
-
-TEST_F(ApplyTest, UnknownAndRepeatedRulesAreBorne) {
-    const std::string before = DumpStore(db);
-    sam.AddRule(0);
-    sam.AddRule(987654);
-    sam.ModifyRule(987654, 0);
-    sam.DeleteRule(987654);
-    EXPECT_EQ(DumpStore(db), before);
-    const auto rule = AddUserRule(db, 1, "helper.dll");
-    RetireRule(db, rule);
-    sam.DeleteRule(rule);
-    sam.DeleteRule(rule);
-    EXPECT_EQ(StateOf(helperID), 0);
+    EXPECT_EQ(FileNames(ignored), (std::vector<std::string>{"tool.exe", "toolhelp.dll"}));
 }
 
 // Each call decides the files of both names again (a retired row keeps its name), in one
 // transaction.
 TEST_F(ApplyTest, EachCallMovesVerdictsAtOnceOrNotAtAll) {
-    const auto identify = AddUserRule(db, 0, "helper.dll", "Helper", "Helpful", "1");
+    const auto identify = AddUserRule(db, 0, "readme.txt", "Readme", "Docs", "1");
     ExpectAtomic([&] { sam.AddRule(identify); });
-    EXPECT_EQ(Places(AppOf(helperID)), kViewerFolders);
+    const auto readmeApp = AppOf(readmeID);
+    EXPECT_EQ(Places(readmeApp), std::vector<std::string>{"pc-1 C:\\Tool"});
 
     RetireRule(db, identify);
-    const auto ignore = AddUserRule(db, 1, "viewer.exe");
+    const auto ignore = AddUserRule(db, 1, "tool.exe");
     ExpectAtomic([&] { sam.ModifyRule(identify, ignore); });
-    EXPECT_EQ(StateOf(helperID), 0);
-    EXPECT_EQ(StateOf(viewerID), 4);
-    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM Applications WHERE AppInstalled = 1"), 1);
+    EXPECT_EQ(StateOf(readmeID), 0);
+    EXPECT_EQ(StateOf(toolID), 4);
+    EXPECT_EQ(Installed(readmeApp), 0);
+    EXPECT_EQ(Places(toolApp).size(), 2U);
 
     RetireRule(db, ignore);
     ExpectAtomic([&] { sam.DeleteRule(ignore); });
-    EXPECT_EQ(StateOf(viewerID), 1);
-    EXPECT_EQ(Places(AppOf(viewerID)), kViewerPlaces);
+    EXPECT_EQ(StateOf(toolID), 1);
+    EXPECT_EQ(Places(toolApp).size(), 3U);
+
+    // A repeated call and rows that do not exist are borne and change nothing.
+    const std::string after = DumpStore(db);
+    sam.DeleteRule(ignore);
+    sam.AddRule(0);
+    sam.AddRule(987654);
+    sam.ModifyRule(987654, 0);
+    EXPECT_EQ(DumpStore(db), after);
 }
 
 } // namespace
