@@ -75,33 +75,27 @@ TEST_F(Installations, IdsMoveOnlyWhereTheApplicationsFilesChange) {
     EXPECT_TRUE(filesOf(db, pc2, before.at("pc-2 C:\\Tool")).empty());
 }
 
-TEST_F(Installations, JoinedRowsTellTheirPlaceApplicationAndInstallation) {
-    const auto installs = InstallationsOf(toolApp);
-    std::map<unsigned long, std::string> machineNames = {{pc1, "pc-1"}, {pc2, "pc-2"}};
-    SYAppFileSet files(db);
-    files.JoinLocations();
-    files.Open();
-    int rows = 0;
-    for (; !files.IsEOF(); files.MoveNext(), ++rows) {
-        const std::string place = machineNames[files.MachineID()] + " " + files.FileLocation();
-        SCOPED_TRACE(files.FileName() + " in " + place);
-        const bool ofTool = files.AppID() != 0;
-        EXPECT_EQ(files.InstallationID(), ofTool ? installs.at(place) : 0);
-        EXPECT_EQ(files.AppName() + files.AppCompany(), ofTool ? "ToolAcme" : "");
-    }
-    EXPECT_EQ(rows, 6);
-    SYAppFileSet pcFiles(db);
-    pcFiles.FilterForUnidFiles();
-    EXPECT_EQ(FileNames(pcFiles), std::vector<std::string>{"readme.txt"});
-    SYAppFileSet ceFiles(db);
-    ceFiles.InvDataType = 1;
-    ceFiles.FilterForUnidFiles();
-    ceFiles.FilterForMachineID(ce);
-    ceFiles.Open();
-    ASSERT_FALSE(ceFiles.IsEOF());
-    EXPECT_EQ(ceFiles.FileLocation(), "\\Windows");
-    ceFiles.MoveNext();
-    EXPECT_TRUE(ceFiles.IsEOF());
+TEST_F(Installations, JoinedRowsTellPlaceApplicationAndInstallationOfTheirInventory) {
+    const auto rows = [this](unsigned char inventory, unsigned long client, bool unidentified) {
+        SYAppFileSet files(db);
+        files.InvDataType = inventory;
+        if (unidentified)
+            files.FilterForUnidFiles();
+        files.FilterForMachineID(client);
+        files.SortByID();
+        std::vector<std::string> found;
+        for (files.Open(); !files.IsEOF(); files.MoveNext())
+            found.push_back(files.FileName() + " " + files.FileLocation() + " " + files.AppName() +
+                            files.AppCompany() + " " + std::to_string(files.InstallationID()));
+        return found;
+    };
+    const std::string tool =
+        " C:\\Tool ToolAcme " + std::to_string(InstallationsOf(toolApp).at("pc-1 C:\\Tool"));
+    EXPECT_EQ(rows(0, pc1, false),
+              (std::vector<std::string>{"tool.exe" + tool, "readme.txt C:\\Tool  0",
+                                        "toolhelp.dll" + tool}));
+    EXPECT_EQ(rows(0, pc1, true), std::vector<std::string>{"readme.txt C:\\Tool  0"});
+    EXPECT_EQ(rows(1, ce, true), std::vector<std::string>{"readme.txt \\Windows  0"});
 }
 
 // Reads through the view must reach Files and FileLocations by index, never scan them;
