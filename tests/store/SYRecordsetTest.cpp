@@ -16,7 +16,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-struct FileSpec {
+struct ScannedFile {
     std::string name;
     std::uint64_t size;
     std::int32_t time;
@@ -24,7 +24,7 @@ struct FileSpec {
 
 // One PC holding the given files, none of them identified.
 struct FileInventory {
-    explicit FileInventory(const std::vector<FileSpec>& files) {
+    explicit FileInventory(const std::vector<ScannedFile>& files) {
         db.OpenMemory();
         SYInventoryWriter writer(db);
         const auto machine = writer.AddMachine("pc-1", "ann", CTime(0));
@@ -56,7 +56,7 @@ TEST(SYAppFileSet, NamesAreBoundLiterallyAndFoldOnlyAsciiCase) {
                          "a.b",
                          "r\xC3\xA9sum\xC3\xA9.doc",
                          "Robert'); DROP TABLE Files;--"};
-    std::vector<FileSpec> files;
+    std::vector<ScannedFile> files;
     std::vector<std::pair<std::string, Names>> asked;
     for (const auto& name : names) {
         files.push_back({name, 10, 1000});
@@ -74,11 +74,11 @@ TEST(SYAppFileSet, NamesAreBoundLiterallyAndFoldOnlyAsciiCase) {
 }
 
 TEST(SYAppFileSet, SizesBeyondFourGigabytesAndTimesAtOrBeforeTheEpoch) {
-    const std::vector<FileSpec> files = {{"small.bin", 5, 600},
-                                         {"big.bin", 0x100000005ULL, 600},
-                                         {"huge.bin", 0xFFFFFFFFFFFFFFFEULL, 600},
-                                         {"untimed.bin", 7, 0},
-                                         {"old.bin", 7, -31536000}};
+    const std::vector<ScannedFile> files = {{"small.bin", 5, 600},
+                                            {"big.bin", 0x100000005ULL, 600},
+                                            {"huge.bin", 0xFFFFFFFFFFFFFFFEULL, 600},
+                                            {"untimed.bin", 7, 0},
+                                            {"old.bin", 7, -31536000}};
     FileInventory inv(files);
     for (std::size_t i = 0; i < files.size(); ++i) {
         SCOPED_TRACE(files[i].name);
