@@ -1,21 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "outside/framework/CException.h"
-#include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
+#include "store/StoreQueries.h"
 #include "support/StoreDump.h"
 #include "support/TempDir.h"
 
 namespace {
-
-long long scalar(SYDatabase& db, const std::string& sql) {
-    SYStatement statement(db, sql);
-    return statement.Step() ? statement.Int64(0) : -1;
-}
 
 TEST(SYInventoryWriter, RefusesScansItCannotPlace) {
     SYDatabase db;
@@ -52,39 +50,43 @@ TEST(SYInventoryWriter, NothingStaysWithoutCommitAndAFileIsOneRowWherever) {
     EXPECT_NE(writer.AddFile(0, pc, "C:\\Tool", {"tool.exe", 6, 60, "Tool", "1", "Maker"}), id);
     writer.Commit();
     EXPECT_THROW(writer.Commit(), CDBException);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM FileLocations WHERE FileID = " + std::to_string(id)),
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM FileLocations WHERE FileID = " + std::to_string(id)),
               2);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM Installations"), 2);
-    EXPECT_EQ(scalar(db, "SELECT CreationTime FROM MachineData WHERE ResourceID = 1"), 100);
-    EXPECT_EQ(scalar(db, "SELECT COUNT(*) FROM MachineData"), 1);
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM Installations"), 2);
+    EXPECT_EQ(Scalar(db, "SELECT CreationTime FROM MachineData WHERE ResourceID = 1"), 100);
+    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM MachineData"), 1);
 }
 
-TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhateverTheSeparators) {
-    TempDir install;
+// However the installation folder is spelled (odd characters, backslashes, a trailing
+// separator), its system rules take part; a file that is no rules database is refused.
+TEST(SYInventoryWriter, SystemRulesDecideNewFilesWhereverTheInstallationIs) {
+    TempDir dir;
+    const std::string folder = dir.File("odd name's %rules#?");
+    std::filesystem::create_directory(folder);
     {
-        SYSystemRulesWriter rules(install.File(SYSamData::SystemRulesFileName));
+        SYSystemRulesWriter rules(folder + "/" + SYSamData::SystemRulesFileName);
         SYRuleRow ignore;
         ignore.ruleType = 1;
         ignore.fileName = "pagefile.sys";
         rules.AddRule(ignore);
         rules.Commit();
     }
-    std::string backslashed = install.Path();
-    for (char& c : backslashed) {
-        if (c == '/')
-            c = '\\';
-    }
+    std::string backslashed = folder;
+    std::replace(backslashed.begin(), backslashed.end(), '/', '\\');
     SYDatabase db;
     db.OpenMemory();
     SYInventoryWriter writer(db, backslashed + "\\");
     const auto pc = writer.AddMachine("pc", "", CTime(0));
     writer.AddFile(0, pc, "C:\\", {"PAGEFILE.SYS", 5ULL << 32, 60, "", "", ""});
     writer.Commit();
-    EXPECT_EQ(scalar(db, "SELECT FileState FROM Files"), 3);
+    EXPECT_EQ(Scalar(db, "SELECT FileState FROM Files"), 3);
     SYSamData sam(db);
     EXPECT_EQ(sam.EstablishSystemRulesDb(backslashed), 1);
-    EXPECT_EQ(sam.EstablishSystemRulesDb(install.File("nowhere")), 0);
+    EXPECT_EQ(sam.EstablishSystemRulesDb(dir.File("nowhere")), 0);
     EXPECT_EQ(sam.EstablishSystemRulesDb(""), 0);
+    std::ofstream(dir.File(SYSamData::SystemRulesFileName)) << "not a database, not at all, no";
+    EXPECT_THROW(sam.EstablishSystemRulesDb(dir.Path()), CDBException);
+    EXPECT_FALSE(db.HaveSystemRules());
 }
 
 } // namespace
