@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYSWRuleSet.h"
 #include "rules/SYSWRule.h"
 
 // 2021-03-04 13:02:03 UTC, and the same minute's start and end.
@@ -18,16 +18,6 @@ constexpr std::int32_t RuleMinuteStart = RuleTime - 3;
 constexpr std::int32_t RuleMinuteEnd = RuleTime + 56;
 
 using ChangeList = std::vector<std::vector<std::uint32_t>>;
-
-// A rule row as stored, read without regard to its state.
-struct StoredRule {
-    unsigned char state = 0;
-    unsigned char type = 0;
-    std::string fileName;
-    bool haveSize = false;
-    bool haveTime = false;
-    std::string appName, comment;
-};
 
 // An in-memory inventory with an engine on its Windows CE rules.
 class RuleStoreTest : public testing::Test {
@@ -48,7 +38,7 @@ protected:
         engine.ClearChangedRules();
     }
 
-    // An identification rule for "App" or, with a comment, an ignore rule.
+    // An identification rule for the application or an ignore rule with the comment.
     template <class Rule = SYIdRuleItem>
     static Rule Make(const std::string& name, std::optional<std::uint64_t> size = {},
                      std::int32_t time = 0, const std::string& text = "App") {
@@ -75,27 +65,18 @@ protected:
         return rule.FileID();
     }
 
-    std::optional<StoredRule> Row(std::uint32_t ruleID) {
-        SYSWRuleSet set(db);
-        set.InvDataType = engine.InvDataType;
-        set.FilterForRuleID(ruleID);
-        set.Open();
-        if (set.IsEOF())
-            return std::nullopt;
-        return StoredRule{
-            set.RuleState(),         set.RuleType(), set.FileName(), set.HaveFileSize() != 0,
-            set.HaveFileTime() != 0, set.AppName(),  set.Comment()};
+    // "state|type|name|size|time|application|comment" as stored, "-" for a null.
+    std::string Row(std::uint32_t ruleID) {
+        auto row = db.Cached("SELECT RuleState || '|' || RuleType || '|' || FileName || '|' || "
+                             "IFNULL(FileSize, '-') || '|' || IFNULL(FileTime, '-') || '|' || "
+                             "AppName || '|' || Comment FROM SWRules WHERE RuleID = ?1");
+        row->Bind(1, std::int64_t{ruleID});
+        return row->Step() ? row->Text(0) : "";
     }
-    unsigned char State(std::uint32_t ruleID) { return Row(ruleID)->state; }
-    std::vector<std::uint32_t> ActiveIDs() {
-        std::vector<std::uint32_t> ids;
-        SYSWRuleSet set(db);
-        set.InvDataType = engine.InvDataType;
-        set.FilterForActiveRules();
-        set.Open();
-        for (; !set.IsEOF(); set.MoveNext())
-            ids.push_back(set.RuleID());
-        return ids;
+    int State(std::uint32_t ruleID) { return Row(ruleID).at(0) - '0'; }
+    std::int64_t NumActive() {
+        auto count = db.Cached("SELECT COUNT(*) FROM SWRules WHERE RuleState <> 3");
+        return count->Step() ? count->Int64(0) : -1;
     }
     ChangeList Changes() const {
         ChangeList list;
@@ -105,7 +86,6 @@ protected:
         }
         return list;
     }
-    static std::size_t NumReports() { return SYGetApp().Reports().size(); }
 
     SYDatabase db;
     SYSWRule engine;
