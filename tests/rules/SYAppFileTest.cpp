@@ -18,35 +18,26 @@ namespace {
 
 constexpr std::int32_t ScanTime = 1614862923;
 
+// A rule that carries both an application and a comment, whatever its type.
 SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string& name,
                std::optional<std::uint64_t> size = {}) {
-    SYRuleRow row;
-    row.invDataType = invDataType;
-    row.ruleType = type;
-    row.fileName = name;
-    row.size = size;
-    if (type == RuleTypeId) {
-        row.appName = "App of " + name;
-        row.appVersion = "2.1";
-        row.appCompany = "Maker";
-    } else {
-        row.comment = "on " + name;
-    }
-    return row;
+    return {invDataType, type, name, size, CTime(), "App of " + name, "2.1", "Maker", "on " + name};
 }
 
 SYScanFile scanned(const std::string& name, std::uint64_t size = 1000,
                    std::int32_t time = ScanTime) {
-    SYScanFile file;
-    file.name = name;
-    file.size = size;
-    file.time = time;
-    return file;
+    return {name, size, time, "", "", ""};
 }
 
 std::string verdict(const SYAppFile& record) {
     return record.RuleComment() + "|" + record.UserAppName() + "|" + record.UserAppVersion() + "|" +
            record.UserAppCompany();
+}
+
+std::string rowText(const SYIdRuleItem& rule) {
+    std::string text;
+    rule.MakeString(text);
+    return text;
 }
 
 // An inventory in memory beside an installation folder with a system rules database.
@@ -98,26 +89,37 @@ TEST_F(SYAppFileTest, VerdictStates) {
         const char* what;
         unsigned char inventory;
         int user, system;
-        std::uint64_t userSize;
+        std::optional<std::uint64_t> userSize;
         AppFileState state;
         const char* verdict;
     };
     const Case cases[] = {
-        {"no rule", 0, -1, -1, 0, AppFileNoRule, "|||"},
-        {"system identification", 1, -1, 0, 0, AppFileSystemIdentified, "|||"},
-        {"user identification", 1, 0, -1, 0, AppFileUserIdentified, "|App of F.EXE|2.1|Maker"},
-        {"system ignore", 0, -1, 1, 0, AppFileSystemIgnored, "on f.exe|||"},
+        {"no rule", 0, -1, -1, {}, AppFileNoRule, "|||"},
+        {"system identification", 1, -1, 0, {}, AppFileSystemIdentified, "on f.exe|||"},
+        {"user identification",
+         1,
+         0,
+         -1,
+         {},
+         AppFileUserIdentified,
+         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"system ignore", 0, -1, 1, {}, AppFileSystemIgnored, "on f.exe|||"},
         {"user ignore", 1, 1, -1, 1000, AppFileUserIgnored, "on F.EXE|||"},
-        {"user before system", 0, 0, 1, 0, AppFileUserIdentified, "|App of F.EXE|2.1|Maker"},
-        {"unknown user type", 0, 2, -1, 0, AppFileSystemIdentified, "on F.EXE|||"},
+        {"user before system",
+         0,
+         0,
+         1,
+         {},
+         AppFileUserIdentified,
+         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"unknown user type", 0, 2, -1, {}, AppFileSystemIdentified, "on F.EXE|||"},
         {"rule of another size", 1, 1, -1, 5, AppFileNoRule, "|||"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         std::vector<SYRuleRow> user, system;
         if (c.user >= 0)
-            user.push_back(rule(c.inventory, c.user, "F.EXE",
-                                c.userSize ? c.userSize : std::optional<std::uint64_t>{}));
+            user.push_back(rule(c.inventory, c.user, "F.EXE", c.userSize));
         if (c.system >= 0)
             system.push_back(rule(c.inventory, c.system, "f.exe"));
         const unsigned long fileID = Inventory(c.inventory, scanned("f.exe"), user, system);
@@ -179,10 +181,9 @@ TEST_F(SYAppFileTest, ActiveRulesOfTheNameAreLoadedWhateverTheirSizeAndTimeSorte
         SCOPED_TRACE(pass);
         ASSERT_EQ(record.NumIdRules(), 2);
         ASSERT_EQ(record.NumIgnoreRules(), 1);
-        EXPECT_EQ(record.GetIdRule(0)->AppName(), "alpha");
-        EXPECT_FALSE(record.GetIdRule(0)->HaveFileSize());
-        EXPECT_EQ(record.GetIdRule(1)->FileSize(), 5U);
-        EXPECT_EQ(record.GetIdRule(1)->ModTime().GetTime(), ScanTime + 3600);
+        EXPECT_EQ(rowText(*record.GetIdRule(0)), "lib_1.dll\tAny\tAny\talpha\t2.1\tMaker");
+        EXPECT_EQ(rowText(*record.GetIdRule(1)),
+                  "LIB_1.DLL\t5\t3/4/2021 2:02:03 PM\tZed\t2.1\tMaker");
         EXPECT_EQ(record.GetIgnoreRule(0)->Comment(), "on lib_1.dll");
         EXPECT_EQ(record.LoadRules(), 1);
     }
