@@ -206,22 +206,20 @@ TEST_F(SYSWRuleTest, FindMatchingRuleComparesWholeNamesSizesAndTimesToTheMinute)
 
 TEST_F(SYSWRuleTest, LookupFillsOnlyFromAnActiveRuleOfItsType) {
     const std::uint32_t id = Store("a.exe", 12, RuleTime);
-    SYIgnoreRuleItem source = Make<SYIgnoreRuleItem>("b.exe", {}, 0, "why");
-    ASSERT_EQ(engine.AddExcludeRule(source, 0), 1);
-    SYIdRuleItem idRule = Make("untouched");
-    idRule.SetItemStatus(ItemStatusChanged);
-    EXPECT_EQ(engine.LookupIdRule(source.FileID(), idRule), 0);
-    EXPECT_EQ(idRule.FileName(), "untouched");
-    ASSERT_EQ(engine.LookupIdRule(id, idRule), 1);
-    EXPECT_TRUE(idRule == Make("a.exe", 12, RuleTime));
-    EXPECT_EQ(idRule.FileID(), id);
-    EXPECT_EQ(idRule.ItemStatus(), ItemStatusChanged);
-    SYIgnoreRuleItem ignoreRule;
-    EXPECT_EQ(engine.LookupExcludeRule(id, ignoreRule), 0);
-    ASSERT_EQ(engine.LookupExcludeRule(source.FileID(), ignoreRule), 1);
-    EXPECT_TRUE(ignoreRule == source);
-    ASSERT_EQ(engine.RemoveRule(source.FileID(), 0), 1);
-    EXPECT_EQ(engine.LookupExcludeRule(source.FileID(), ignoreRule), 0);
+    const std::uint32_t removed = Store<SYIgnoreRuleItem>("b.exe", 3);
+    SYIgnoreRuleItem ignore = Make<SYIgnoreRuleItem>("untouched");
+    ASSERT_EQ(engine.LookupExcludeRule(removed, ignore), 1);
+    EXPECT_TRUE(ignore == Make<SYIgnoreRuleItem>("b.exe", 3));
+    ASSERT_EQ(engine.RemoveRule(removed, 0), 1);
+    ignore = Make<SYIgnoreRuleItem>("untouched");
+    EXPECT_EQ(engine.LookupExcludeRule(id, ignore) + engine.LookupExcludeRule(removed, ignore), 0);
+    EXPECT_EQ(ignore.FileName(), "untouched");
+    SYIdRuleItem rule = Make("untouched");
+    rule.SetItemStatus(ItemStatusChanged);
+    ASSERT_EQ(engine.LookupIdRule(id, rule), 1);
+    EXPECT_TRUE(rule == Make("a.exe", 12, RuleTime));
+    EXPECT_EQ(rule.FileID(), id);
+    EXPECT_EQ(rule.ItemStatus(), ItemStatusChanged);
 }
 
 // Runs a scenario once for every statement it makes, with that statement failing, until a
