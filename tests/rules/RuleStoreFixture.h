@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYSWRuleSet.h"
 #include "rules/SYSWRule.h"
 
 // 2021-03-04 13:02:03 UTC, and the same minute's start and end.
@@ -17,17 +17,7 @@ constexpr std::int32_t RuleTime = 1614862923;
 constexpr std::int32_t RuleMinuteStart = RuleTime - 3;
 constexpr std::int32_t RuleMinuteEnd = RuleTime + 56;
 
-// A rule row as stored, read without regard to its state.
-struct StoredRule {
-    unsigned char state = 0;
-    unsigned char type = 0;
-    std::string fileName;
-    bool haveSize = false;
-    std::uint64_t size = 0;
-    bool haveTime = false;
-    std::int32_t time = 0;
-    std::string appName, appVersion, appCompany, comment;
-};
+using ChangeList = std::vector<std::vector<std::uint32_t>>;
 
 // An in-memory inventory with an engine on its Windows CE rules.
 class RuleStoreTest : public testing::Test {
@@ -42,78 +32,60 @@ protected:
         db.ClearFault();
         SYGetApp().ClearReports();
     }
+    void Reset() {
+        db.Close();
+        SetUp();
+        engine.ClearChangedRules();
+    }
 
-    static SYIdRuleItem IdRule(const std::string& name, std::optional<std::uint64_t> size = {},
-                               std::int32_t time = 0, const std::string& app = "App") {
-        SYIdRuleItem rule;
-        SetFileInfo(rule, name, size, time);
-        rule.SetAppName(app);
-        rule.SetAppVersion("1.0");
-        rule.SetAppCompany("Maker");
-        return rule;
-    }
-    static SYIgnoreRuleItem IgnoreRule(const std::string& name,
-                                       std::optional<std::uint64_t> size = {},
-                                       std::int32_t time = 0, const std::string& comment = "") {
-        SYIgnoreRuleItem rule;
-        SetFileInfo(rule, name, size, time);
-        rule.SetComment(comment);
-        return rule;
-    }
-    static void SetFileInfo(SYAppFileItem& item, const std::string& name,
-                            std::optional<std::uint64_t> size, std::int32_t time) {
-        item.SetFileName(name);
+    // An identification rule for the application or an ignore rule with the comment.
+    template <class Rule = SYIdRuleItem>
+    static Rule Make(const std::string& name, std::optional<std::uint64_t> size = {},
+                     std::int32_t time = 0, const std::string& text = "App") {
+        Rule rule;
+        rule.SetFileName(name);
         if (size)
-            item.SetFileSize(*size);
-        item.SetModTime(time);
+            rule.SetFileSize(*size);
+        rule.SetModTime(time);
+        if constexpr (std::is_same_v<Rule, SYIdRuleItem>)
+            rule.SetAppName(text);
+        else
+            rule.SetComment(text);
+        return rule;
     }
-
     // Stores a rule through the engine without noting it; gives its identifier.
-    std::uint32_t StoreId(const std::string& name, std::optional<std::uint64_t> size = {},
-                          std::int32_t time = 0, const std::string& app = "App") {
-        SYIdRuleItem rule = IdRule(name, size, time, app);
-        EXPECT_NE(engine.AddIdRule(rule, 0), 0);
-        return rule.FileID();
-    }
-    std::uint32_t StoreIgnore(const std::string& name, std::optional<std::uint64_t> size = {},
-                              std::int32_t time = 0) {
-        SYIgnoreRuleItem rule = IgnoreRule(name, size, time);
-        EXPECT_NE(engine.AddExcludeRule(rule, 0), 0);
+    template <class Rule = SYIdRuleItem>
+    std::uint32_t Store(const std::string& name, std::optional<std::uint64_t> size = {},
+                        std::int32_t time = 0) {
+        Rule rule = Make<Rule>(name, size, time);
+        if constexpr (std::is_same_v<Rule, SYIdRuleItem>)
+            EXPECT_EQ(engine.AddIdRule(rule, 0), 1);
+        else
+            EXPECT_EQ(engine.AddExcludeRule(rule, 0), 1);
         return rule.FileID();
     }
 
-    std::optional<StoredRule> Row(std::uint32_t ruleID) {
-        SYSWRuleSet set(db);
-        set.InvDataType = engine.InvDataType;
-        set.FilterForRuleID(ruleID);
-        set.Open();
-        if (set.IsEOF())
-            return std::nullopt;
-        StoredRule row{set.RuleState(),          set.RuleType(), set.FileName(),
-                       set.HaveFileSize() != 0,  set.FileSize(), set.HaveFileTime() != 0,
-                       set.FileTime().GetTime(), set.AppName(),  set.AppVersion(),
-                       set.AppCompany(),         set.Comment()};
-        return row;
+    // "state|type|name|size|time|application|comment" as stored, "-" for a null.
+    std::string Row(std::uint32_t ruleID) {
+        auto row = db.Cached("SELECT RuleState || '|' || RuleType || '|' || FileName || '|' || "
+                             "IFNULL(FileSize, '-') || '|' || IFNULL(FileTime, '-') || '|' || "
+                             "AppName || '|' || Comment FROM SWRules WHERE RuleID = ?1");
+        row->Bind(1, std::int64_t{ruleID});
+        return row->Step() ? row->Text(0) : "";
     }
-    std::vector<std::uint32_t> ActiveIDs() {
-        std::vector<std::uint32_t> ids;
-        SYSWRuleSet set(db);
-        set.InvDataType = engine.InvDataType;
-        set.FilterForActiveRules();
-        set.Open();
-        for (; !set.IsEOF(); set.MoveNext())
-            ids.push_back(set.RuleID());
-        return ids;
+    int State(std::uint32_t ruleID) { return Row(ruleID).at(0) - '0'; }
+    std::int64_t NumActive() {
+        auto count = db.Cached("SELECT COUNT(*) FROM SWRules WHERE RuleState <> 3");
+        return count->Step() ? count->Int64(0) : -1;
     }
-    std::vector<std::vector<std::uint32_t>> Changes() const {
-        std::vector<std::vector<std::uint32_t>> list;
+    ChangeList Changes() const {
+        ChangeList list;
         for (int i = 0; i < engine.NumChangedRules(); ++i) {
             const _SYSWRULE_INFO info = engine.GetChangedRule(i);
             list.push_back({info.RuleID, info.ReplacedRuleID, info.ChangeKind});
         }
         return list;
     }
-    static std::size_t NumReports() { return SYGetApp().Reports().size(); }
 
     SYDatabase db;
     SYSWRule engine;

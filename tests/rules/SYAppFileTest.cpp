@@ -18,31 +18,26 @@ namespace {
 
 constexpr std::int32_t ScanTime = 1614862923;
 
+// A rule that carries both an application and a comment, whatever its type.
 SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string& name,
-               std::optional<std::uint64_t> size = {}, std::int32_t time = 0) {
-    SYRuleRow row;
-    row.invDataType = invDataType;
-    row.ruleType = type;
-    row.fileName = name;
-    row.size = size;
-    row.time = time;
-    if (type == 0) {
-        row.appName = "App of " + name;
-        row.appVersion = "2.1";
-        row.appCompany = "Maker";
-    } else {
-        row.comment = "comment on " + name;
-    }
-    return row;
+               std::optional<std::uint64_t> size = {}) {
+    return {invDataType, type, name, size, CTime(), "App of " + name, "2.1", "Maker", "on " + name};
 }
 
 SYScanFile scanned(const std::string& name, std::uint64_t size = 1000,
                    std::int32_t time = ScanTime) {
-    SYScanFile file;
-    file.name = name;
-    file.size = size;
-    file.time = time;
-    return file;
+    return {name, size, time, "", "", ""};
+}
+
+std::string verdict(const SYAppFile& record) {
+    return record.RuleComment() + "|" + record.UserAppName() + "|" + record.UserAppVersion() + "|" +
+           record.UserAppCompany();
+}
+
+std::string rowText(const SYIdRuleItem& rule) {
+    std::string text;
+    rule.MakeString(text);
+    return text;
 }
 
 // An inventory in memory beside an installation folder with a system rules database.
@@ -60,146 +55,87 @@ protected:
         SYGetApp().ClearReports();
     }
 
-    void WriteSystemRules(const std::vector<SYRuleRow>& rules) {
+    // A fresh inventory holding one file, the given user rules and system rules.
+    unsigned long Inventory(unsigned char invDataType, const SYScanFile& file,
+                            const std::vector<SYRuleRow>& userRules,
+                            const std::vector<SYRuleRow>& systemRules = {}) {
+        db.Close();
+        db.OpenMemory();
         const std::string path = install.File(SYSamData::SystemRulesFileName);
         std::filesystem::remove(path);
-        SYSystemRulesWriter writer(path);
-        for (const SYRuleRow& row : rules)
-            writer.AddRule(row);
+        SYSystemRulesWriter system(path);
+        for (const SYRuleRow& row : systemRules)
+            system.AddRule(row);
+        system.Commit();
+        SYInventoryWriter writer(db, install.Path());
+        const unsigned long client = invDataType == 0 ? writer.AddMachine("pc", "ann", ScanTime)
+                                                      : writer.AddDevice(1, "ce", "bob", ScanTime);
+        for (const SYRuleRow& row : userRules)
+            lastUserRule = writer.AddUserRule(row);
+        const unsigned long fileID = writer.AddFile(invDataType, client, "C:\\Apps", file);
         writer.Commit();
+        return fileID;
     }
 
     TempDir install;
     SYDatabase db;
     SYAppFile record;
+    unsigned long lastUserRule = 0;
 };
 
 TEST_F(SYAppFileTest, VerdictStates) {
+    // Rule types of the user and the system rule for the file, -1 for none.
     struct Case {
         const char* what;
         unsigned char inventory;
-        std::vector<SYRuleRow> userRules;
-        std::vector<SYRuleRow> systemRules;
-        SYScanFile file;
+        int user, system;
+        std::optional<std::uint64_t> userSize;
         AppFileState state;
-        bool userRuleGoverns;
-        const char* comment;
-        const char* userApp;
+        const char* verdict;
     };
-    const std::vector<Case> cases = {
-        {"no rule", 0, {}, {}, scanned("none.exe"), AppFileNoRule, false, "", ""},
-        {"system identification",
-         1,
-         {},
-         {rule(1, 0, "sys.exe")},
-         scanned("sys.exe"),
-         AppFileSystemIdentified,
-         false,
-         "",
-         ""},
-        {"version information",
-         0,
-         {},
-         {},
-         [] {
-             SYScanFile f = scanned("ver.exe");
-             f.appName = "Ver";
-             f.appVersion = "1";
-             f.appCompany = "VerCo";
-             return f;
-         }(),
-         AppFileSystemIdentified,
-         false,
-         "",
-         ""},
+    const Case cases[] = {
+        {"no rule", 0, -1, -1, {}, AppFileNoRule, "|||"},
+        {"system identification", 1, -1, 0, {}, AppFileSystemIdentified, "on f.exe|||"},
         {"user identification",
          1,
-         {rule(1, 0, "USER.exe")},
+         0,
+         -1,
          {},
-         scanned("user.exe"),
          AppFileUserIdentified,
-         true,
-         "",
-         "App of USER.exe|2.1|Maker"},
-        {"system ignore",
+         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"system ignore", 0, -1, 1, {}, AppFileSystemIgnored, "on f.exe|||"},
+        {"user ignore", 1, 1, -1, 1000, AppFileUserIgnored, "on F.EXE|||"},
+        {"user before system",
          0,
-         {},
-         {rule(0, 1, "noise.log")},
-         scanned("noise.log"),
-         AppFileSystemIgnored,
-         false,
-         "comment on noise.log",
-         ""},
-        {"user ignore",
+         0,
          1,
-         {rule(1, 1, "junk.tmp", std::uint64_t{1000})},
          {},
-         scanned("junk.tmp"),
-         AppFileUserIgnored,
-         true,
-         "comment on junk.tmp",
-         ""},
-        {"user rule before system rule",
-         0,
-         {rule(0, 0, "both.dll")},
-         {rule(0, 1, "both.dll")},
-         scanned("both.dll"),
          AppFileUserIdentified,
-         true,
-         "",
-         "App of both.dll|2.1|Maker"},
-        {"user rule of an unknown type",
-         0,
-         {rule(0, 2, "odd.exe")},
-         {},
-         scanned("odd.exe"),
-         AppFileSystemIdentified,
-         true,
-         "comment on odd.exe",
-         ""},
-        {"rule of another size does not govern",
-         1,
-         {rule(1, 1, "sized.dll", std::uint64_t{5})},
-         {},
-         scanned("sized.dll"),
-         AppFileNoRule,
-         false,
-         "",
-         ""},
+         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"unknown user type", 0, 2, -1, {}, AppFileSystemIdentified, "on F.EXE|||"},
+        {"rule of another size", 1, 1, -1, 5, AppFileNoRule, "|||"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        db.Close();
-        db.OpenMemory();
-        WriteSystemRules(c.systemRules);
-        unsigned long userRuleID = 0;
-        unsigned long fileID = 0;
-        {
-            SYInventoryWriter writer(db, install.Path());
-            const unsigned long client = c.inventory == 0
-                                             ? writer.AddMachine("pc", "ann", ScanTime)
-                                             : writer.AddDevice(1, "ce", "bob", ScanTime);
-            for (const SYRuleRow& row : c.userRules)
-                userRuleID = writer.AddUserRule(row);
-            fileID = writer.AddFile(c.inventory, client, "C:\\Apps", c.file);
-            writer.Commit();
-        }
+        std::vector<SYRuleRow> user, system;
+        if (c.user >= 0)
+            user.push_back(rule(c.inventory, c.user, "F.EXE", c.userSize));
+        if (c.system >= 0)
+            system.push_back(rule(c.inventory, c.system, "f.exe"));
+        const unsigned long fileID = Inventory(c.inventory, scanned("f.exe"), user, system);
+        const bool byUser =
+            c.state == AppFileUserIdentified || c.state == AppFileUserIgnored || c.user == 2;
         ASSERT_EQ(record.LoadData(fileID, c.inventory), 1);
         EXPECT_EQ(record.FileID(), fileID);
         EXPECT_EQ(record.InvDataType(), c.inventory);
         EXPECT_EQ(record.State(), c.state);
-        EXPECT_EQ(record.EffectiveRuleID(), c.userRuleGoverns ? userRuleID : 0UL);
-        EXPECT_EQ(record.RuleComment(), c.comment);
-        const std::string userApp = record.UserAppName().empty()
-                                        ? ""
-                                        : record.UserAppName() + "|" + record.UserAppVersion() +
-                                              "|" + record.UserAppCompany();
-        EXPECT_EQ(userApp, c.userApp);
+        EXPECT_EQ(record.EffectiveRuleID(), byUser ? lastUserRule : 0UL);
+        EXPECT_EQ(verdict(record), c.verdict);
         EXPECT_TRUE(SYGetApp().Reports().empty());
     }
 }
 
-TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues) {
+TEST_F(SYAppFileTest, AwkwardNamesSizesAndTimesRoundTrip) {
     struct Case {
         std::string name;
         std::uint64_t size;
@@ -207,20 +143,14 @@ TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues) {
     };
     const Case cases[] = {
         {"O'Brien \"quoted\".doc", 0, ScanTime},
-        {"100%_done*.txt", 4'294'967'295ULL, 0},
-        {"r\xC3\xA9sum\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC.pdf", 4'294'967'296ULL, -1},
+        {"100%_done*.txt", 0xFFFFFFFFULL, 0},
+        {"r\xC3\xA9sum\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC.pdf", 0x1'00000000ULL, -1},
         {"huge.vhd", 0xFFFFFFFE'00000001ULL, -2'000'000'000},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        unsigned long fileID = 0;
-        {
-            SYInventoryWriter writer(db);
-            const unsigned long pc = writer.AddMachine("pc-" + c.name, "", ScanTime);
-            fileID = writer.AddFile(0, pc, "D:\\", scanned(c.name, c.size, c.time));
-            writer.AddUserRule(rule(0, 1, c.name, c.size));
-            writer.Commit();
-        }
+        const unsigned long fileID =
+            Inventory(0, scanned(c.name, c.size, c.time), {rule(0, 1, c.name, c.size)});
         ASSERT_EQ(record.LoadData(fileID, 0), 1);
         EXPECT_EQ(record.FileName(), c.name);
         EXPECT_EQ(record.FileSize(), c.size);
@@ -231,85 +161,56 @@ TEST_F(SYAppFileTest, ScannedFieldsRoundTripAwkwardValues) {
     }
 }
 
-TEST_F(SYAppFileTest, RulesOfEveryVersionOfTheNameAreLoadedSortedAndOnce) {
-    unsigned long fileID = 0;
-    unsigned long removedRule = 0;
-    {
-        SYInventoryWriter writer(db);
-        const unsigned long pc = writer.AddMachine("pc", "", ScanTime);
-        fileID = writer.AddFile(0, pc, "C:\\", scanned("Lib_1.dll"));
-        SYRuleRow zed = rule(0, 0, "LIB_1.DLL", std::uint64_t{5}, ScanTime + 3600);
-        zed.appName = "Zed";
-        writer.AddUserRule(zed);
-        SYRuleRow alpha = rule(0, 0, "lib_1.dll");
-        alpha.appName = "alpha";
-        writer.AddUserRule(alpha);
-        writer.AddUserRule(rule(0, 1, "lib_1.dll", std::uint64_t{6}));
-        // Neither a pattern nor another inventory's rule belongs to the file.
-        writer.AddUserRule(rule(0, 0, "libx1.dll"));
-        writer.AddUserRule(rule(1, 1, "lib_1.dll"));
-        removedRule = writer.AddUserRule(rule(0, 1, "lib_1.dll"));
-        writer.Commit();
-    }
+TEST_F(SYAppFileTest, ActiveRulesOfTheNameAreLoadedWhateverTheirSizeAndTimeSortedAndOnce) {
+    SYRuleRow zed = rule(0, 0, "LIB_1.DLL", 5);
+    zed.time = ScanTime + 3600;
+    zed.appName = "Zed";
+    SYRuleRow alpha = rule(0, 0, "lib_1.dll");
+    alpha.appName = "alpha";
+    // Neither a pattern nor another inventory's rule nor a removed one belongs to the file.
+    const unsigned long fileID =
+        Inventory(0, scanned("Lib_1.dll"),
+                  {zed, alpha, rule(0, 1, "lib_1.dll", 6), rule(0, 0, "libx1.dll"),
+                   rule(1, 1, "lib_1.dll"), rule(0, 1, "lib_1.dll")});
     SYSWRule engine;
     engine.Database = &db;
-    ASSERT_EQ(engine.RemoveRule(removedRule, 0), 1);
+    ASSERT_EQ(engine.RemoveRule(lastUserRule, 0), 1);
 
     ASSERT_EQ(record.LoadData(fileID, 0), 1);
     for (int pass = 0; pass < 2; ++pass) {
+        SCOPED_TRACE(pass);
         ASSERT_EQ(record.NumIdRules(), 2);
         ASSERT_EQ(record.NumIgnoreRules(), 1);
-        // Same name: the application decides.
-        EXPECT_EQ(record.GetIdRule(0)->AppName(), "alpha");
-        EXPECT_FALSE(record.GetIdRule(0)->HaveModTime());
-        EXPECT_EQ(record.GetIdRule(1)->FileName(), "LIB_1.DLL");
-        EXPECT_EQ(record.GetIdRule(1)->FileSize(), 5U);
-        EXPECT_EQ(record.GetIdRule(1)->ItemType(), ItemTypeRule);
-        EXPECT_EQ(record.GetIgnoreRule(0)->Comment(), "comment on lib_1.dll");
+        EXPECT_EQ(rowText(*record.GetIdRule(0)), "lib_1.dll\tAny\tAny\talpha\t2.1\tMaker");
+        EXPECT_EQ(rowText(*record.GetIdRule(1)),
+                  "LIB_1.DLL\t5\t3/4/2021 2:02:03 PM\tZed\t2.1\tMaker");
+        EXPECT_EQ(record.GetIgnoreRule(0)->Comment(), "on lib_1.dll");
         EXPECT_EQ(record.LoadRules(), 1);
     }
-    EXPECT_EQ(record.GetIdRule(-1), nullptr);
     EXPECT_EQ(record.GetIdRule(2), nullptr);
-    EXPECT_EQ(record.GetIgnoreRule(1), nullptr);
 }
 
 TEST_F(SYAppFileTest, NothingToLoadLeavesTheRecordAsItWas) {
-    unsigned long fileID = 0;
-    {
-        SYInventoryWriter writer(db);
-        fileID =
-            writer.AddFile(0, writer.AddMachine("pc", "", ScanTime), "C:\\", scanned("kept.exe"));
-        writer.Commit();
-    }
-    SYAppFile empty;
-    EXPECT_EQ(empty.LoadData(fileID, 0), 0);
-    EXPECT_EQ(empty.FileID(), 0U);
-    EXPECT_EQ(empty.IdentifyFile(), 0);
+    const unsigned long fileID = Inventory(0, scanned("kept.exe"), {});
+    SYAppFile unconnected;
+    EXPECT_EQ(unconnected.LoadData(fileID, 0), 0);
+    EXPECT_EQ(unconnected.FileID(), 0U);
 
     ASSERT_EQ(record.LoadData(fileID, 0), 1);
-    record.SetRulesChanged(1);
+    // No file, a gone one, or one of the other inventory.
     EXPECT_EQ(record.LoadData(0, 0), 0);
-    // Gone, or in the other inventory: the file is not there.
     EXPECT_EQ(record.LoadData(fileID + 1, 0), 0);
     EXPECT_EQ(record.LoadData(fileID, 1), 0);
     EXPECT_EQ(record.FileID(), fileID);
     EXPECT_EQ(record.InvDataType(), 0);
     EXPECT_EQ(record.FileName(), "kept.exe");
-    EXPECT_EQ(record.RulesChanged(), 1);
     EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
-TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveTheDocumentedRemains) {
-    unsigned long fileID = 0;
-    {
-        SYInventoryWriter writer(db);
-        fileID = writer.AddFile(1, writer.AddDevice(1, "ce", "", ScanTime), "\\Windows",
-                                scanned("app.exe"));
-        writer.AddUserRule(rule(1, 0, "app.exe"));
-        writer.AddUserRule(rule(1, 1, "app.exe", std::uint64_t{3}));
-        writer.Commit();
-    }
-    bool sawReadFailure = false, sawRulesFailure = false, sawVerdictFailure = false;
+TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveWhatWasRead) {
+    const unsigned long fileID =
+        Inventory(1, scanned("app.exe"), {rule(1, 1, "app.exe", 3), rule(1, 0, "app.exe")});
+    bool sawRead = false, sawRules = false, sawVerdict = false;
     for (int nth = 1; nth < 30; ++nth) {
         SCOPED_TRACE(testing::Message() << "failing statement " << nth);
         SYGetApp().ClearReports();
@@ -327,26 +228,23 @@ TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveTheDocumentedRemains) {
         EXPECT_EQ(SYGetApp().Reports().front().kind, "CDBException");
         if (fresh.FileID() == 0) {
             // The file's own row failed: no verdict was asked for.
-            sawReadFailure = true;
+            sawRead = true;
             EXPECT_EQ(result, 0);
-            EXPECT_EQ(fresh.FileName(), "");
             EXPECT_EQ(fresh.State(), AppFileNoRule);
         } else if (result == 1) {
             // The rules failed; the verdict still came.
-            sawRulesFailure = true;
+            sawRules = true;
             EXPECT_EQ(fresh.NumIdRules() + fresh.NumIgnoreRules(), 0);
             EXPECT_EQ(fresh.State(), AppFileUserIdentified);
         } else {
-            sawVerdictFailure = true;
+            sawVerdict = true;
             EXPECT_EQ(fresh.NumIdRules(), 1);
             EXPECT_EQ(fresh.State(), AppFileSystemIdentified);
+            EXPECT_EQ(verdict(fresh), "|||");
             EXPECT_EQ(fresh.EffectiveRuleID(), 0U);
-            EXPECT_EQ(fresh.UserAppName(), "");
         }
     }
-    EXPECT_TRUE(sawReadFailure);
-    EXPECT_TRUE(sawRulesFailure);
-    EXPECT_TRUE(sawVerdictFailure);
+    EXPECT_TRUE(sawRead && sawRules && sawVerdict);
 }
 
 } // namespace

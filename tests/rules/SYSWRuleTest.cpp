@@ -1,267 +1,324 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
+
 #include "rules/RuleStoreFixture.h"
 
 namespace {
 
-using ChangeList = std::vector<std::vector<std::uint32_t>>;
-using SYSWRuleWrite = RuleStoreTest;
+using SYSWRuleTest = RuleStoreTest;
 
-TEST_F(SYSWRuleWrite, AddWritesOnlyItsTypesColumnsAndNotesOnRequest) {
-    SYIdRuleItem id = IdRule("Tool.EXE", std::uint64_t{5'000'000'000}, RuleTime);
+TEST_F(SYSWRuleTest, AddStoresTheFileInformationAndNotesOnRequest) {
+    // Sizes past 4 GB with halves near all ones, and times before 1970, come back as given.
+    SYIdRuleItem id = Make("Tool.EXE", 0xFFFFFFFE'FFFFFFFEULL, -86400);
+    id.SetAppCompany("Maker");
     id.SetItemStatus(ItemStatusNew);
-    id.SetFileID(77);
     ASSERT_EQ(engine.AddIdRule(id, 1), 1);
-    EXPECT_NE(id.FileID(), 77U);
     EXPECT_EQ(id.ItemStatus(), ItemStatusStored);
-    EXPECT_EQ(id.ItemType(), ItemTypeRule);
-    const auto idRow = Row(id.FileID());
-    ASSERT_TRUE(idRow);
-    EXPECT_EQ(idRow->state, RuleStateAdded);
-    EXPECT_EQ(idRow->type, RuleTypeId);
-    EXPECT_EQ(idRow->fileName, "Tool.EXE");
-    EXPECT_EQ(idRow->size, 5'000'000'000U);
-    EXPECT_EQ(idRow->time, RuleTime);
-    EXPECT_EQ(idRow->appName + "|" + idRow->appVersion + "|" + idRow->appCompany, "App|1.0|Maker");
-    EXPECT_EQ(idRow->comment, "");
-
-    // A file item handed in becomes a rule item; absent size and time are stored as null.
-    SYIgnoreRuleItem ignore = IgnoreRule("it's 100%_*.dll", {}, 0, "noise");
+    SYIdRuleItem read;
+    ASSERT_EQ(engine.LookupIdRule(id.FileID(), read), 1);
+    EXPECT_TRUE(read == id);
+    // A file item becomes a rule; a size with one half marked and time 0 are stored as null.
+    SYIgnoreRuleItem ignore = Make<SYIgnoreRuleItem>("it's 100%_*.dll", {}, 0, "noise");
+    ignore.SetFileSize(0xFFFFFFFF, 0);
     ignore.SetItemType(ItemTypeFile);
     ASSERT_EQ(engine.AddExcludeRule(ignore, 0), 1);
     EXPECT_EQ(ignore.ItemType(), ItemTypeRule);
-    const auto ignoreRow = Row(ignore.FileID());
-    ASSERT_TRUE(ignoreRow);
-    EXPECT_EQ(ignoreRow->type, RuleTypeIgnore);
-    EXPECT_EQ(ignoreRow->fileName, "it's 100%_*.dll");
-    EXPECT_FALSE(ignoreRow->haveSize);
-    EXPECT_FALSE(ignoreRow->haveTime);
-    EXPECT_EQ(ignoreRow->comment, "noise");
-    EXPECT_EQ(ignoreRow->appName, "");
-
+    EXPECT_EQ(Row(ignore.FileID()), "1|1|it's 100%_*.dll|-|-||noise");
     EXPECT_EQ(Changes(), (ChangeList{{id.FileID(), 0, RuleChangeAdd}}));
-    EXPECT_EQ(NumReports(), 0U);
 }
 
-TEST_F(SYSWRuleWrite, SizesWithAMarkedHalfAndNegativeTimesRoundTrip) {
-    // One half at all ones marks the size absent: the row gets no size.
-    SYIdRuleItem half = IdRule("a.dll");
-    half.SetFileSize(0xFFFFFFFF, 0);
-    ASSERT_EQ(engine.AddIdRule(half, 0), 1);
-    EXPECT_FALSE(Row(half.FileID())->haveSize);
-
-    SYIdRuleItem big = IdRule("a.dll", std::uint64_t{0xFFFFFFFE'FFFFFFFEULL}, -86400);
-    ASSERT_EQ(engine.AddIdRule(big, 0), 1);
-    SYIdRuleItem read;
-    ASSERT_EQ(engine.LookupIdRule(big.FileID(), read), 1);
-    EXPECT_TRUE(read == big);
-}
-
-TEST_F(SYSWRuleWrite, ModifyEditsInPlaceOrReplaces) {
+TEST_F(SYSWRuleTest, ModifyEditsInPlaceOrReplacesTheRow) {
     struct Case {
         const char* what;
-        bool stored;         // the item's row exists
-        const char* newName; // name the item carries into the modify
-        bool sameIdentifier; // the item keeps its identifier
+        bool stored;
+        const char* newName;
+        bool inPlace;
     };
     const Case cases[] = {
-        {"same name, other case: edit in place", true, "SETUP.exe", true},
+        {"other case: edit in place", true, "SETUP.exe", true},
         {"other name: replace", true, "install.exe", false},
         {"row gone: add a new one", false, "setup.exe", false},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         engine.ClearChangedRules();
-        std::uint32_t oldID = StoreId("setup.exe", std::uint64_t{10}, RuleTime);
-        if (!c.stored) {
-            ASSERT_EQ(engine.RemoveRule(oldID, 0), 1);
-            oldID += 1000;
-        }
-        SYIdRuleItem rule = IdRule(c.newName, {}, 0, "Other");
+        const std::uint32_t oldID = Store("setup.exe", 10, RuleTime) + (c.stored ? 0 : 1000);
+        SYIdRuleItem rule = Make(c.newName, {}, 0, "Other");
         rule.SetFileID(oldID);
         rule.SetItemStatus(ItemStatusChanged);
         ASSERT_EQ(engine.ModifyIdRule(rule), 1);
         EXPECT_EQ(rule.ItemStatus(), ItemStatusStored);
-        EXPECT_EQ(rule.FileID() == oldID, c.sameIdentifier);
-        const auto row = Row(rule.FileID());
-        ASSERT_TRUE(row);
-        EXPECT_EQ(row->fileName, c.newName);
-        EXPECT_EQ(row->appName, "Other");
-        EXPECT_FALSE(row->haveSize);
-        EXPECT_FALSE(row->haveTime);
-        if (c.sameIdentifier) {
-            EXPECT_EQ(row->state, RuleStateModified);
-            EXPECT_EQ(Changes(), (ChangeList{{oldID, 0, RuleChangeModify}}));
-        } else {
-            EXPECT_EQ(row->state, RuleStateAdded);
-            EXPECT_EQ(Changes(), (ChangeList{{rule.FileID(), oldID, RuleChangeModify}}));
-            if (c.stored) {
-                EXPECT_EQ(Row(oldID)->state, RuleStateRemoved);
-            }
+        EXPECT_EQ(rule.FileID() == oldID, c.inPlace);
+        EXPECT_EQ(Row(rule.FileID()),
+                  (c.inPlace ? "2|0|" : "1|0|") + std::string(c.newName) + "|-|-|Other|");
+        const std::uint32_t replaced = c.inPlace ? 0 : oldID;
+        EXPECT_EQ(Changes(), (ChangeList{{rule.FileID(), replaced, RuleChangeModify}}));
+        if (c.stored && !c.inPlace) {
+            EXPECT_EQ(State(oldID), RuleStateRemoved);
         }
     }
 }
 
-TEST_F(SYSWRuleWrite, ModifyWithoutIdentifierIsAnAdd) {
-    SYIgnoreRuleItem rule = IgnoreRule("new.dll");
-    ASSERT_EQ(engine.ModifyExcludeRule(rule), 1);
-    EXPECT_NE(rule.FileID(), 0U);
-    EXPECT_EQ(Changes(), (ChangeList{{rule.FileID(), 0, RuleChangeAdd}}));
-}
-
-TEST_F(SYSWRuleWrite, ModifyTurnsARuleIntoTheOtherTypeInPlace) {
-    const std::uint32_t id = StoreId("x.dll");
-    SYIgnoreRuleItem ignore = IgnoreRule("x.dll", {}, 0, "unwanted");
+TEST_F(SYSWRuleTest, ModifySwitchesTheTypeInPlaceAndWithoutIdentifierAdds) {
+    const std::uint32_t id = Store("x.dll");
+    SYIgnoreRuleItem ignore = Make<SYIgnoreRuleItem>("x.dll", {}, 0, "unwanted");
     ignore.SetFileID(id);
     ASSERT_EQ(engine.ModifyExcludeRule(ignore), 1);
-    auto row = Row(id);
-    EXPECT_EQ(row->type, RuleTypeIgnore);
-    EXPECT_EQ(row->comment, "unwanted");
-    // The identification columns stay as they were.
-    EXPECT_EQ(row->appName, "App");
-
-    SYIdRuleItem back = IdRule("X.DLL", {}, 0, "Again");
+    // The other type's columns stay as they were.
+    EXPECT_EQ(Row(id), "2|1|x.dll|-|-|App|unwanted");
+    SYIdRuleItem back = Make("X.DLL", {}, 0, "Again");
     back.SetFileID(id);
     ASSERT_EQ(engine.ModifyIdRule(back), 1);
-    row = Row(id);
-    EXPECT_EQ(row->type, RuleTypeId);
-    EXPECT_EQ(row->appName, "Again");
-    EXPECT_EQ(row->comment, "unwanted");
+    EXPECT_EQ(Row(id), "2|0|X.DLL|-|-|Again|unwanted");
+
+    engine.ClearChangedRules();
+    SYIgnoreRuleItem unsaved = Make<SYIgnoreRuleItem>("new.dll");
+    ASSERT_EQ(engine.ModifyExcludeRule(unsaved), 1);
+    EXPECT_EQ(State(unsaved.FileID()), RuleStateAdded);
+    EXPECT_EQ(Changes(), (ChangeList{{unsaved.FileID(), 0, RuleChangeAdd}}));
 }
 
-TEST_F(SYSWRuleWrite, RemoveMarksTheRowAndNotesEvenWithoutOne) {
-    const std::uint32_t id = StoreIgnore("gone.dll", std::uint64_t{3}, RuleTime);
-    ASSERT_EQ(engine.RemoveRule(id, 1), 1);
-    const auto row = Row(id);
-    EXPECT_EQ(row->state, RuleStateRemoved);
-    EXPECT_EQ(row->fileName, "gone.dll");
-    EXPECT_TRUE(row->haveSize);
-    EXPECT_EQ(engine.RemoveRule(4242, 1), 1);
-    EXPECT_EQ(engine.RemoveRule(4243, 0), 1);
-    EXPECT_EQ(Changes(), (ChangeList{{id, 0, RuleChangeDelete}, {4242, 0, RuleChangeDelete}}));
-    EXPECT_TRUE(ActiveIDs().empty());
-}
-
-TEST_F(SYSWRuleWrite, RemoveByItemEmptiesTheItem) {
-    SYIdRuleItem rule = IdRule("a.exe", std::uint64_t{1}, RuleTime);
+TEST_F(SYSWRuleTest, RemoveMarksTheRowAndNotesEvenAMissingOne) {
+    SYIdRuleItem rule = Make("a.exe", 1, RuleTime);
     ASSERT_EQ(engine.AddIdRule(rule, 0), 1);
     const std::uint32_t id = rule.FileID();
     rule.SetItemStatus(ItemStatusRemoved);
     ASSERT_EQ(engine.RemoveRule(&rule), 1);
-    EXPECT_EQ(rule.FileID(), 0U);
-    EXPECT_EQ(rule.FileName(), "");
-    EXPECT_FALSE(rule.HaveFileSize());
-    EXPECT_FALSE(rule.HaveModTime());
-    EXPECT_EQ(rule.ItemStatus(), ItemStatusStored);
-    EXPECT_EQ(rule.ItemType(), ItemTypeRule);
-    EXPECT_EQ(rule.AppName(), "App");
-    EXPECT_EQ(Row(id)->state, RuleStateRemoved);
+    EXPECT_EQ(Row(id), "3|0|a.exe|1|1614862923|App|");
+    // The item is emptied of its file information and identifier.
+    EXPECT_TRUE(rule == Make(""));
+    EXPECT_EQ(rule.FileID() + rule.ItemStatus(), 0U);
     EXPECT_EQ(engine.RemoveRule(nullptr), 0);
+    EXPECT_EQ(engine.RemoveRule(4242, 1), 1);
+    EXPECT_EQ(engine.RemoveRule(4243, 0), 1);
+    EXPECT_EQ(Changes(), (ChangeList{{id, 0, RuleChangeDelete}, {4242, 0, RuleChangeDelete}}));
+    EXPECT_EQ(engine.GetChangedRule(2).RuleID + engine.GetChangedRule(-1).ChangeKind, 0U);
+    EXPECT_EQ(NumActive(), 0);
 }
 
-TEST_F(SYSWRuleWrite, RemoveMatchingRulesKeepsFileInformationUnique) {
+TEST_F(SYSWRuleTest, RemoveMatchingRulesRemovesOthersWithTheSameFileInformation) {
     struct Stored {
-        const char* name;
         std::optional<std::uint64_t> size;
         std::int32_t time;
         bool ignore;
     };
+    // All of the name, of either type; one size; one time in the same minute; size and time;
+    // the next minute.
+    const Stored stored[] = {{{}, 0, false},        {{}, 0, true},
+                             {10, 0, false},        {{}, RuleMinuteEnd, true},
+                             {10, RuleTime, false}, {10, RuleTime + 60, false}};
     struct Case {
         const char* what;
         std::optional<std::uint64_t> size;
         std::int32_t time;
-        std::vector<bool> removed; // per stored row below
-    };
-    const Stored stored[] = {
-        {"LIB.dll", {}, 0, false},                // all versions
-        {"lib.dll", {}, 0, true},                 // all versions, the other type
-        {"lib.dll", std::uint64_t{10}, 0, false}, // one size
-        {"lib.dll", {}, RuleMinuteEnd, true},     // one time, same minute
-        {"lib.dll", std::uint64_t{10}, RuleTime, false},
-        {"lib.dll", std::uint64_t{10}, RuleTime + 60, false},
-        {"other.dll", {}, 0, false},
+        std::string removed;
     };
     const Case cases[] = {
-        {"no size, no time", {}, 0, {true, true, false, false, false, false, false}},
-        {"size only", std::uint64_t{10}, 0, {false, false, true, false, false, false, false}},
-        {"time only", {}, RuleMinuteStart, {false, false, false, true, false, false, false}},
-        {"size and time",
-         std::uint64_t{10},
-         RuleTime,
-         {false, false, false, false, true, false, false}},
-        {"unknown size", std::uint64_t{11}, 0, {false, false, false, false, false, false, false}},
+        {"no size, no time", {}, 0, "110000"},
+        {"size only", 10, 0, "001000"},
+        {"time only", {}, RuleMinuteStart, "000100"},
+        {"size and time", 10, RuleTime, "000010"},
+        {"unknown size", 11, 0, "000000"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        db.Close();
-        SetUp();
-        engine.ClearChangedRules();
+        Reset();
         std::vector<std::uint32_t> ids;
         for (const Stored& s : stored)
-            ids.push_back(s.ignore ? StoreIgnore(s.name, s.size, s.time)
-                                   : StoreId(s.name, s.size, s.time));
-        SYIgnoreRuleItem rule = IgnoreRule("Lib.DLL", c.size, c.time);
+            ids.push_back(s.ignore ? Store<SYIgnoreRuleItem>("LIB.dll", s.size, s.time)
+                                   : Store("lib.DLL", s.size, s.time));
+        Store("other.dll");
+        SYIgnoreRuleItem rule = Make<SYIgnoreRuleItem>("Lib.DLL", c.size, c.time);
         ASSERT_EQ(engine.AddExcludeRule(rule, 1), 1);
         ASSERT_EQ(engine.RemoveMatchingRules(rule), 1);
+        std::string removed;
         ChangeList expected{{rule.FileID(), 0, RuleChangeAdd}};
-        for (std::size_t i = 0; i < ids.size(); ++i) {
-            EXPECT_EQ(Row(ids[i])->state == RuleStateRemoved, c.removed[i]) << i;
-            if (c.removed[i])
-                expected.push_back({ids[i], 0, RuleChangeDelete});
+        for (std::uint32_t id : ids) {
+            removed += State(id) == RuleStateRemoved ? '1' : '0';
+            if (State(id) == RuleStateRemoved)
+                expected.push_back({id, 0, RuleChangeDelete});
         }
-        // The rule itself is spared, and the add stands before the deletes.
-        EXPECT_EQ(Row(rule.FileID())->state, RuleStateAdded);
+        EXPECT_EQ(removed, c.removed);
+        // The rule itself and the other name stay; the add is noted before the deletes.
+        EXPECT_EQ(NumActive(), 8 - std::count(removed.begin(), removed.end(), '1'));
         EXPECT_EQ(Changes(), expected);
         EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
     }
-}
-
-TEST_F(SYSWRuleWrite, RemoveMatchingRulesRefusesFilesAndSparesNothingWithoutIdentifier) {
-    const std::uint32_t id = StoreId("a.dll");
-    SYAppFileItem file;
-    file.SetFileName("a.dll");
-    file.SetFileID(id);
-    // A file is no rule: nothing is read, nothing removed.
+    // A file item is no rule: nothing is read or removed.
+    SYAppFileItem file = Make("Lib.DLL");
+    file.SetItemType(ItemTypeFile);
     db.FailStatement(1);
     EXPECT_EQ(engine.RemoveMatchingRules(file), 0);
     db.ClearFault();
-    EXPECT_EQ(NumReports(), 0U);
-    EXPECT_EQ(Row(id)->state, RuleStateAdded);
-
-    SYIdRuleItem unsaved = IdRule("A.DLL");
-    ASSERT_EQ(unsaved.FileID(), 0U);
-    EXPECT_EQ(engine.RemoveMatchingRules(unsaved), 1);
-    EXPECT_EQ(Row(id)->state, RuleStateRemoved);
+    EXPECT_TRUE(SYGetApp().Reports().empty());
 }
 
-TEST_F(SYSWRuleWrite, AnEngineWithoutDatabaseOrOnAHandheldInventoryReportsAndWritesNothing) {
-    SYSWRule palm;
-    palm.Database = &db;
-    palm.InvDataType = 2;
-    SYSWRule unset;
-    for (SYSWRule* bad : {&palm, &unset}) {
-        SYGetApp().ClearReports();
-        SYIdRuleItem rule = IdRule("a.dll");
-        EXPECT_EQ(bad->AddIdRule(rule, 1), 0);
-        EXPECT_EQ(bad->RemoveMatchingRules(rule), 0);
-        EXPECT_EQ(bad->NumChangedRules(), 0);
-        ASSERT_EQ(NumReports(), 2U);
-        EXPECT_EQ(SYGetApp().Reports().front().kind, "CInvalidArgException");
+TEST_F(SYSWRuleTest, FindMatchingRuleComparesWholeNamesSizesAndTimesToTheMinute) {
+    const std::uint32_t allVersions = Store("Viewer.exe");
+    const std::uint32_t sized = Store<SYIgnoreRuleItem>("viewer.exe", 0x1'00000000);
+    const std::uint32_t timed = Store("VIEWER.EXE", 0x1'00000000, RuleTime);
+    ASSERT_EQ(engine.RemoveRule(Store<SYIgnoreRuleItem>("viewer.exe", 7), 0), 1);
+    const std::uint32_t star = Store("*.exe");
+    Store("v_ewer%.exe");
+    struct Case {
+        const char* name;
+        std::optional<std::uint64_t> size;
+        std::int32_t time;
+        std::uint32_t expected;
+        unsigned char type;
+    };
+    // An absent size or time finds only rows without one; patterns are plain text.
+    const Case cases[] = {
+        {"viewer.EXE", {}, 0, allVersions, RuleTypeId},
+        {"viewer.EXE", 0x1'00000000, 0, sized, RuleTypeIgnore},
+        {"viewer.EXE", 0x1'00000000, RuleMinuteEnd, timed, RuleTypeId},
+        {"viewer.EXE", 0x1'00000000, RuleTime + 60, 0, 9},
+        {"viewer.EXE", {}, RuleTime, 0, 9},
+        {"viewer.EXE", 7, 0, 0, 9},
+        {"*.EXE", {}, 0, star, RuleTypeId},
+        {"x.exe", {}, 0, 0, 9},
+        {"viewer%.exe", {}, 0, 0, 9},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.name << " " << c.size.value_or(0) << " " << c.time);
+        SYAppFileItem file = Make(c.name, c.size, c.time);
+        file.SetItemType(ItemTypeFile);
+        unsigned char type = 9;
+        EXPECT_EQ(engine.FindMatchingRule(file, type), c.expected);
+        EXPECT_EQ(type, c.type);
     }
-    EXPECT_TRUE(ActiveIDs().empty());
+    // A rule passes over its own row, a file item with that number does not; the last wins.
+    SYIdRuleItem rule = Make("viewer.exe");
+    rule.SetFileID(allVersions);
+    unsigned char type = 9;
+    EXPECT_EQ(engine.FindMatchingRule(rule, type), 0U);
+    const std::uint32_t later = Store("VIEWER.exe");
+    EXPECT_EQ(engine.FindMatchingRule(rule, type), later);
+    rule.SetItemType(ItemTypeFile);
+    rule.SetFileID(later);
+    EXPECT_EQ(engine.FindMatchingRule(rule, type), later);
+    // Rules of the other inventory stay apart.
+    engine.InvDataType = 0;
+    EXPECT_EQ(engine.FindMatchingRule(rule, type), 0U);
 }
 
-TEST_F(SYSWRuleWrite, ChangedRuleListBounds) {
-    SYIdRuleItem rule = IdRule("a");
-    engine.AddIdRule(rule, 1);
-    engine.RemoveRule(rule.FileID(), 1);
-    EXPECT_EQ(engine.NumChangedRules(), 2);
-    for (int index : {-1, 2, 1000}) {
-        const _SYSWRULE_INFO info = engine.GetChangedRule(index);
-        EXPECT_EQ(info.RuleID + info.ReplacedRuleID + info.ChangeKind, 0U) << index;
+TEST_F(SYSWRuleTest, LookupFillsOnlyFromAnActiveRuleOfItsType) {
+    const std::uint32_t id = Store("a.exe", 12, RuleTime);
+    const std::uint32_t removed = Store<SYIgnoreRuleItem>("b.exe", 3);
+    SYIgnoreRuleItem ignore = Make<SYIgnoreRuleItem>("untouched");
+    ASSERT_EQ(engine.LookupExcludeRule(removed, ignore), 1);
+    EXPECT_TRUE(ignore == Make<SYIgnoreRuleItem>("b.exe", 3));
+    ASSERT_EQ(engine.RemoveRule(removed, 0), 1);
+    ignore = Make<SYIgnoreRuleItem>("untouched");
+    EXPECT_EQ(engine.LookupExcludeRule(id, ignore) + engine.LookupExcludeRule(removed, ignore), 0);
+    EXPECT_EQ(ignore.FileName(), "untouched");
+    SYIdRuleItem rule = Make("untouched");
+    rule.SetItemStatus(ItemStatusChanged);
+    ASSERT_EQ(engine.LookupIdRule(id, rule), 1);
+    EXPECT_TRUE(rule == Make("a.exe", 12, RuleTime));
+    EXPECT_EQ(rule.FileID(), id);
+    EXPECT_EQ(rule.ItemStatus(), ItemStatusChanged);
+}
+
+// Runs a scenario once for every statement it makes, with that statement failing, until a
+// run gets through. The check learns whether the fault fired; unless the scenario bears
+// failures, a failed run must answer 0.
+class SYSWRuleFault : public RuleStoreTest {
+protected:
+    void Sweep(const std::function<void()>& prepare, const std::function<int()>& act,
+               const std::function<void(bool failed)>& check, bool bears = false) {
+        for (int nth = 1; nth < 40; ++nth) {
+            SCOPED_TRACE(testing::Message() << "failing statement " << nth);
+            Reset();
+            prepare();
+            db.FailStatement(nth);
+            const int result = act();
+            db.ClearFault();
+            const bool failed = !SYGetApp().Reports().empty();
+            if (failed) {
+                EXPECT_EQ(SYGetApp().Reports().front().kind, "CDBException");
+            }
+            if (!bears) {
+                EXPECT_EQ(result != 0, !failed);
+            }
+            check(failed);
+            if (!failed)
+                return;
+        }
+        ADD_FAILURE() << "the scenario never got through";
     }
-    engine.ClearChangedRules();
-    EXPECT_EQ(engine.NumChangedRules(), 0);
+};
+
+TEST_F(SYSWRuleFault, FailedWritesKeepTheItemAndNoteNothing) {
+    SYIdRuleItem rule;
+    Sweep([&] { rule = Make("a.dll"), rule.SetFileID(55); },
+          [&] { return engine.AddIdRule(rule, 1); },
+          [&](bool failed) {
+              EXPECT_EQ(rule.FileID() == 55, failed);
+              EXPECT_EQ(NumActive(), failed ? 0 : 1);
+              EXPECT_EQ(engine.NumChangedRules(), failed ? 0 : 1);
+          });
+    std::uint32_t id = 0;
+    bool sawOldRowRemoved = false;
+    Sweep(
+        [&] {
+            id = Store("old.dll");
+            rule = Make("new.dll", {}, 0, "Renamed");
+            rule.SetFileID(id);
+        },
+        [&] { return engine.ModifyIdRule(rule); },
+        [&](bool failed) {
+            if (!failed)
+                return;
+            EXPECT_EQ(rule.FileID(), id);
+            EXPECT_EQ(engine.NumChangedRules(), 0);
+            // Either nothing happened, or the old row went and no new one came.
+            const bool removed = State(id) == RuleStateRemoved;
+            sawOldRowRemoved |= removed;
+            EXPECT_EQ(NumActive(), removed ? 0 : 1);
+        });
+    EXPECT_TRUE(sawOldRowRemoved);
+}
+
+TEST_F(SYSWRuleFault, RemoveMatchingRulesNotesWhatItRemovedAndEndsTheWaitCursor) {
+    SYIdRuleItem rule;
+    std::vector<std::uint32_t> others;
+    int result = 0;
+    Sweep(
+        [&] {
+            others = {Store("a.dll"), Store<SYIgnoreRuleItem>("a.dll"), Store("a.dll")};
+            rule = Make("a.dll");
+            ASSERT_EQ(engine.AddIdRule(rule, 0), 1);
+        },
+        [&] { return result = engine.RemoveMatchingRules(rule); },
+        [&](bool failed) {
+            EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
+            // Every noted delete stands removed, and nothing else is removed.
+            ChangeList removed;
+            for (std::uint32_t id : others) {
+                if (State(id) == RuleStateRemoved)
+                    removed.push_back({id, 0, RuleChangeDelete});
+            }
+            EXPECT_EQ(Changes(), removed);
+            EXPECT_EQ(State(rule.FileID()), RuleStateAdded);
+            // A failing read ends the sweep with 0; a failing removal is borne.
+            EXPECT_EQ(removed.size(), failed ? (result == 0 ? 0U : removed.size()) : 3U);
+        },
+        true);
+}
+
+TEST_F(SYSWRuleFault, FailedSearchesFindNothingAndLeaveTheItem) {
+    std::uint32_t id = 0;
+    SYIdRuleItem found;
+    Sweep([&] { id = Store("a.dll"), found = Make("before"); },
+          [&] { return engine.LookupIdRule(id, found); },
+          [&](bool failed) { EXPECT_EQ(found.FileName(), failed ? "before" : "a.dll"); });
+    unsigned char type = 7;
+    Sweep([&] { id = Store<SYIgnoreRuleItem>("b.dll"), type = 7; },
+          [&] { return static_cast<int>(engine.FindMatchingRule(Make("b.dll"), type)); },
+          [&](bool failed) { EXPECT_EQ(type, failed ? 7 : RuleTypeIgnore); });
 }
 
 } // namespace
