@@ -715,9 +715,13 @@ int SYInvTreeWnd::FindApp(const std::string& company, const std::string& text,
     return 0;
 }
 
-int SYInvTreeWnd::FindPalmApp(const std::string& text) {
+namespace {
+
+// 1 if an application the enumerator walks has the text in its name; a failure of the store
+// is reported and counts as no hit.
+template <class Enumerator> int anyAppNameContains(SYDatabase* database, const std::string& text) {
     try {
-        SYPalmAppEnum enumerator(Database());
+        Enumerator enumerator(database);
         if (!enumerator.BeginEnumApps())
             return 0;
         std::string name;
@@ -731,20 +735,14 @@ int SYInvTreeWnd::FindPalmApp(const std::string& text) {
     return 0;
 }
 
+} // namespace
+
+int SYInvTreeWnd::FindPalmApp(const std::string& text) {
+    return anyAppNameContains<SYPalmAppEnum>(Database(), text);
+}
+
 int SYInvTreeWnd::FindRIMApp(const std::string& text) {
-    try {
-        SYRIMAppEnum enumerator(Database());
-        if (!enumerator.BeginEnumApps())
-            return 0;
-        std::string name;
-        while (enumerator.EnumApp(name)) {
-            if (containsText(name, text))
-                return 1;
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
+    return anyAppNameContains<SYRIMAppEnum>(Database(), text);
 }
 
 void SYInvTreeWnd::UpdateAppCounts() {
