@@ -476,32 +476,47 @@ void SYInvTreeWnd::UpdatePalmApps() {
         BuildPalmApps(m_palmAppsItem);
 }
 
-void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
-    const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImagePalmApp);
-    Tree().SetRedraw(0);
-    SYListItemArray apps;
+namespace {
+
+// Reads the applications of a flat branch into records; shownName gives the node text of
+// the enumerator's current row. A failure of the store is reported and ends the read.
+template <class Enumerator, class ShownName>
+void readFlatApps(SYDatabase* database, unsigned char appType, SYListItemArray& apps,
+                  ShownName shownName) {
     try {
-        SYPalmAppEnum enumerator(Database());
-        if (enumerator.BeginEnumApps()) {
-            std::string name;
-            while (enumerator.EnumApp(name)) {
-                // The tree shows the name under the icon where the device has one.
-                const std::string icon = enumerator.CurrentAppIconName();
-                const std::string& shown = icon.empty() ? name : icon;
-                auto* app = apps.Add(std::make_unique<SYAppItem>());
-                app->SetAppType(SYAppItem::AppTypePalm);
-                app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
-                app->SetAppName(shown);
-                app->SetAppNameInternal(shown);
-                app->SetAppVersion(enumerator.CurrentAppVersion());
-            }
-            enumerator.EndEnumApps();
+        Enumerator enumerator(database);
+        if (!enumerator.BeginEnumApps())
+            return;
+        std::string name;
+        while (enumerator.EnumApp(name)) {
+            const std::string shown = shownName(enumerator, name);
+            auto* app = apps.Add(std::make_unique<SYAppItem>());
+            app->SetAppType(appType);
+            app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
+            app->SetAppName(shown);
+            app->SetAppNameInternal(shown);
+            app->SetAppVersion(enumerator.CurrentAppVersion());
         }
+        enumerator.EndEnumApps();
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     } catch (const SYStatus& status) {
         SYStatusReport(status, nullptr);
     }
+}
+
+} // namespace
+
+void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
+    const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImagePalmApp);
+    Tree().SetRedraw(0);
+    SYListItemArray apps;
+    // The tree shows the name under the icon where the device has one.
+    readFlatApps<SYPalmAppEnum>(Database(), SYAppItem::AppTypePalm, apps,
+                                [](const SYPalmAppEnum& enumerator, const std::string& name) {
+                                    const std::string icon = enumerator.CurrentAppIconName();
+                                    return icon.empty() ? name : icon;
+                                });
     RebuildFlatBranch(root, apps, SYAdminImages::ImagePalmApp, oldID, root);
 }
 
@@ -509,25 +524,8 @@ void SYInvTreeWnd::BuildRIMApps(HTREEITEM root) {
     const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImageRIMApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
-    try {
-        SYRIMAppEnum enumerator(Database());
-        if (enumerator.BeginEnumApps()) {
-            std::string name;
-            while (enumerator.EnumApp(name)) {
-                auto* app = apps.Add(std::make_unique<SYAppItem>());
-                app->SetAppType(SYAppItem::AppTypeRIM);
-                app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
-                app->SetAppName(name);
-                app->SetAppNameInternal(name);
-                app->SetAppVersion(enumerator.CurrentAppVersion());
-            }
-            enumerator.EndEnumApps();
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    } catch (const SYStatus& status) {
-        SYStatusReport(status, nullptr);
-    }
+    readFlatApps<SYRIMAppEnum>(Database(), SYAppItem::AppTypeRIM, apps,
+                               [](const SYRIMAppEnum&, const std::string& name) { return name; });
     RebuildFlatBranch(root, apps, SYAdminImages::ImageRIMApp, oldID, m_rimAppsItem);
 }
 
