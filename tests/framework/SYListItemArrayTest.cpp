@@ -76,8 +76,7 @@ TEST(SYListItemArray, OwnsAndDetaches) {
 
 } // namespace
 
-TEST(SYListItemArray, AnItemStandsInItsArrayOnceHoweverItCameThere)
-{
+TEST(SYListItemArray, AnItemStandsInItsArrayOnceHoweverItCameThere) {
     SYListItemArray array;
     auto* made = new ValueItem(1, &array);
     EXPECT_EQ(array.Add(made), 0);
