@@ -16,6 +16,7 @@
 #include "outside/framework/SYTimeChecker.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
@@ -238,8 +239,8 @@ void BM_AddRuleOnEveryClientVsRawCount(benchmark::State& state) {
                 SYTransaction round(db);
                 SYSWRuleSet rules(db);
                 rules.AddNew();
-                rules.SetRuleState(1);
-                rules.SetRuleType(0);
+                rules.SetRuleState(RuleStateAdded);
+                rules.SetRuleType(RuleTypeId);
                 rules.SetFileName("desktop.ini");
                 rules.SetAppName("Desktop Settings");
                 rules.SetAppVersion("1.0");

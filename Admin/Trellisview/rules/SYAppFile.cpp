@@ -103,22 +103,19 @@ int SYAppFile::FindVerdict() {
     sam.InvDataType = m_invDataType;
     sam.EstablishSystemRulesDb(SYInstallation::Path().GetPath());
     _SYSAM_RULE_DATA data;
-    SYSamData::SYRULE_SOURCE source{};
-    if (!sam.FindEffectiveRule(m_fileID, data, source)) {
-        m_state = AppFileNoRule;
+    SYSamData::SYRULE_SOURCE source = SYSamData::RuleSourceNone;
+    if (!sam.FindEffectiveRule(m_fileID, data, source))
+        source = SYSamData::RuleSourceNone;
+    m_state = SYFileVerdict(source, data.RuleType);
+    if (m_state == AppFileNoRule)
         return 1;
-    }
-    const bool byUser = source == SYSamData::RuleSourceUser;
-    if (byUser && data.RuleType == RuleTypeId) {
+    if (m_state == AppFileUserIdentified) {
         m_userAppName = data.AppName;
         m_userAppVersion = data.AppVersion;
         m_userAppCompany = data.AppCompany;
-        m_state = AppFileUserIdentified;
-    } else if (data.RuleType == RuleTypeIgnore) {
-        m_state = byUser ? AppFileUserIgnored : AppFileSystemIgnored;
     }
     m_ruleComment = data.Comment;
-    m_effectiveRuleID = byUser ? data.RuleID : 0;
+    m_effectiveRuleID = source == SYSamData::RuleSourceUser ? data.RuleID : 0;
     return 1;
 }
 

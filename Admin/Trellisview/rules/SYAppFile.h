@@ -6,19 +6,11 @@
 #include "outside/framework/CObject.h"
 #include "outside/framework/CTime.h"
 #include "outside/framework/SYListItemArray.h"
+#include "outside/store/SYFileVerdict.h"
 #include "rules/SYIdRuleItem.h"
 #include "rules/SYIgnoreRuleItem.h"
 
 class SYDatabase;
-
-// The verdict of the rule system on one file.
-enum AppFileState : std::int32_t {
-    AppFileNoRule = 0,
-    AppFileSystemIdentified = 1,
-    AppFileUserIdentified = 2,
-    AppFileSystemIgnored = 3,
-    AppFileUserIgnored = 4,
-};
 
 // One inventoried file as its properties show it: what the scan found, the application the
 // inventory assigned, every active rule for its name and the verdict on it.

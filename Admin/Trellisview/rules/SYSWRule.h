@@ -4,19 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYSWInvObject.h"
 #include "rules/SYIdRuleItem.h"
 #include "rules/SYIgnoreRuleItem.h"
 
 class SYDatabase;
 class SYSWRuleSet;
-
-// The life of a rule row: added, edited in place, removed (retired, never active again).
-enum SYRuleState : unsigned char {
-    RuleStateAdded = 1,
-    RuleStateModified = 2,
-    RuleStateRemoved = 3,
-};
 
 // What happened to a rule row, as the rule service is told of it.
 enum SYRuleChangeKind : unsigned char {

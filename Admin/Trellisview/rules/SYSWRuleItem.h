@@ -1,12 +1,7 @@
 #pragma once
 
+#include "outside/store/SYFileVerdict.h"
 #include "rules/SYAppFileItem.h"
-
-// A rule's type: what it does with the files it covers.
-enum SYRuleType : unsigned char {
-    RuleTypeId = 0,
-    RuleTypeIgnore = 1,
-};
 
 // A stored rule as a row; FileID holds the rule's identifier.
 class SYSWRuleItem : public SYAppFileItem {

@@ -1,6 +1,7 @@
 #include "outside/store/SYAppFileSet.h"
 
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYInventorySchema.h"
 
 void SYAppFileSet::FilterForFileID(unsigned long fileID) {
@@ -83,9 +84,9 @@ void SYAppFileSet::BuildQuery(SYSelect& select) const {
     if (m_appID)
         select.Where("f.AppID = ?", std::int64_t{static_cast<std::int64_t>(*m_appID)});
     if (m_unidFiles)
-        select.Where("f.FileState = 0");
+        select.Where(SYUnidentifiedFileSql("f.FileState"));
     if (m_excludedFiles)
-        select.Where("f.FileState IN (3, 4)");
+        select.Where(SYIgnoredFileSql("f.FileState"));
     if (m_fileName)
         select.Where("f.FileName = ?", *m_fileName);
     if (m_fileSize)
@@ -165,7 +166,7 @@ unsigned long SYAppFileSet::RuleID() const {
 }
 
 int SYAppFileSet::RuleSource() const {
-    return FieldIsNull("RuleSource") ? -1 : static_cast<int>(FieldInt("RuleSource"));
+    return FieldIsNull("RuleSource") ? RuleSourceNone : static_cast<int>(FieldInt("RuleSource"));
 }
 
 unsigned long SYAppFileSet::MachineID() const {

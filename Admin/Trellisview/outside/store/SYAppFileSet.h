@@ -18,9 +18,9 @@ public:
 
     void FilterForFileID(unsigned long fileID);
     void FilterForAppID(unsigned long appID);
-    // Files no rule governs (AppFileState 0).
+    // Files no rule governs (AppFileNoRule).
     void FilterForUnidFiles();
-    // Files an ignore rule governs, of the user or of the system (AppFileState 3 and 4).
+    // Files an ignore rule governs, of the user or of the system.
     void FilterForExcludedFiles();
     void FilterForFileName(const std::string& name);
     void FilterForFileSize(unsigned long sizeLo, unsigned long sizeHi);
@@ -50,7 +50,7 @@ public:
     std::string VersionAppVersion() const;
     std::string VersionAppCompany() const;
     // The stored verdict: AppFileState, the effective rule (0 if none) and its source
-    // (SYSamData::SYRULE_SOURCE, -1 if no rule governs the file).
+    // (SYRuleSource, RuleSourceNone if no rule governs the file).
     int FileState() const;
     unsigned long RuleID() const;
     int RuleSource() const;

@@ -24,10 +24,6 @@ std::int64_t toInt(unsigned long value) {
     return static_cast<std::int64_t>(value);
 }
 
-SYDbValue sourceValue(int source) {
-    return source < 0 ? SYDbValue{} : SYDbValue{std::int64_t{source}};
-}
-
 } // namespace
 
 SYInventoryClassifier::SYInventoryClassifier(SYDatabase& database, unsigned char invDataType,
@@ -104,9 +100,10 @@ void SYInventoryClassifier::CollectFiles(const std::string& name, std::set<unsig
         row.file.appName = select->Text(4);
         row.file.appVersion = select->Text(5);
         row.file.appCompany = select->Text(6);
-        row.stored.state = static_cast<int>(select->Int64(7));
+        row.stored.state = static_cast<AppFileState>(select->Int64(7));
         row.stored.ruleID = static_cast<unsigned long>(select->Int64(8));
-        row.stored.source = select->IsNull(9) ? -1 : static_cast<int>(select->Int64(9));
+        row.stored.source =
+            select->IsNull(9) ? RuleSourceNone : static_cast<SYRuleSource>(select->Int64(9));
         row.stored.appID = static_cast<unsigned long>(select->Int64(10));
         rows.push_back(std::move(row));
     }
@@ -132,11 +129,15 @@ void SYInventoryClassifier::ReclassifyNames(const std::vector<std::string>& name
     RefreshInstalled(movedApps);
 }
 
+SYDbValue SYInventoryClassifier::SourceValue(SYRuleSource source) {
+    return source == RuleSourceNone ? SYDbValue{} : SYDbValue{std::int64_t{source}};
+}
+
 void SYInventoryClassifier::StoreVerdict(unsigned long fileID, const Stored& stored) {
     auto update = m_database.Cached(kUpdateVerdict);
     update->Bind(1, std::int64_t{stored.state})
         .Bind(2, toInt(stored.ruleID))
-        .Bind(3, sourceValue(stored.source))
+        .Bind(3, SourceValue(stored.source))
         .Bind(4, toInt(stored.appID))
         .Bind(5, toInt(fileID));
     update->Execute();

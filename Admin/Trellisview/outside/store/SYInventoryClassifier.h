@@ -6,7 +6,9 @@
 #include <tuple>
 #include <vector>
 
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYRuleResolver.h"
+#include "outside/store/SYStatement.h"
 
 class SYDatabase;
 
@@ -18,9 +20,9 @@ class SYInventoryClassifier {
 public:
     // What the Files row holds about a file's verdict.
     struct Stored {
-        int state = 0;
+        AppFileState state = AppFileNoRule;
         unsigned long ruleID = 0;
-        int source = -1;
+        SYRuleSource source = RuleSourceNone;
         unsigned long appID = 0;
 
         bool operator==(const Stored&) const = default;
@@ -39,6 +41,8 @@ public:
                                   const std::string& version);
     // A file of application appID now lies on a client: the application is installed.
     void MarkInstalled(unsigned long appID);
+    // The RuleSource column's value: NULL when no rule governs the file.
+    static SYDbValue SourceValue(SYRuleSource source);
 
 private:
     struct FileRow {

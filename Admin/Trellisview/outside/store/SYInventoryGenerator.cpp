@@ -126,7 +126,7 @@ std::vector<SYScanFile> appFiles(const App& app, std::size_t appIndex, std::size
     };
 }
 
-SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string& name) {
+SYRuleRow rule(unsigned char invDataType, SYRuleType type, const std::string& name) {
     SYRuleRow row;
     row.invDataType = invDataType;
     row.ruleType = type;
@@ -136,7 +136,7 @@ SYRuleRow rule(unsigned char invDataType, unsigned char type, const std::string&
 
 SYRuleRow identify(unsigned char invDataType, const std::string& name, const char* app,
                    const char* version, const char* company) {
-    SYRuleRow row = rule(invDataType, 0, name);
+    SYRuleRow row = rule(invDataType, RuleTypeId, name);
     row.appName = app;
     row.appVersion = version;
     row.appCompany = company;
@@ -144,7 +144,7 @@ SYRuleRow identify(unsigned char invDataType, const std::string& name, const cha
 }
 
 SYRuleRow ignore(unsigned char invDataType, const std::string& name, const char* comment) {
-    SYRuleRow row = rule(invDataType, 1, name);
+    SYRuleRow row = rule(invDataType, RuleTypeIgnore, name);
     row.comment = comment;
     return row;
 }
@@ -157,14 +157,14 @@ std::uint64_t setupSize(int number) {
     return 90000 + static_cast<std::uint64_t>(number) * 7717;
 }
 
-// Retires a rule as the rule engine does: the row stays in state 3, then the rule service
+// Retires a rule as the rule engine does: the row stays removed, then the rule service
 // brings the files of its name back in line.
 void retireRule(SYDatabase& database, const std::string& installFolder, unsigned long ruleID) {
     SYSWRuleSet rules(database);
     rules.FilterForRuleID(ruleID);
     rules.Open();
     rules.Edit();
-    rules.SetRuleState(3);
+    rules.SetRuleState(RuleStateRemoved);
     rules.Update(1);
     rules.Close();
     SYSamData sam(database);

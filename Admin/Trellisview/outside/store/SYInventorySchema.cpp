@@ -2,6 +2,8 @@
 
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
+#include "outside/store/SYSWInvObject.h"
 #include "outside/store/SYTransaction.h"
 
 namespace {
@@ -116,7 +118,8 @@ CREATE INDEX SWRulesByTime ON SWRules (InvDataType, FileTime);
 // FileLocations (FileID, ...; MachineID, ...). Retired rules pile up under the names
 // they had; the active ones are found without passing them. Company keys compare
 // without regard to case, so their indexes carry that collation.
-const char* const kVersion2Schema = R"sql(
+std::string version2Schema() {
+    return R"sql(
 DROP INDEX IF EXISTS ApplicationsInstalled;
 CREATE INDEX ApplicationsInstalled
     ON [Applications] (AppInstalled, AppCompanyInternal COLLATE NOCASE);
@@ -130,8 +133,9 @@ FROM Files f JOIN FileLocations l ON l.FileID = f.FileID
 WHERE f.AppID <> 0
 GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location;
 CREATE INDEX SWRulesActiveByName ON SWRules (InvDataType, FileName, FileSize)
-    WHERE RuleState <> 3;
-)sql";
+    WHERE )sql" +
+           SYActiveRuleSql("RuleState") + ";\n";
+}
 
 const char* const kRIMSchema = R"sql(
 CREATE TABLE [RIM Applications] (
@@ -199,7 +203,7 @@ void checkStamp(SYDatabase& database, const std::string& schema, const std::stri
 
 void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
     database.Exec(kCoreSchema);
-    database.Exec(kVersion2Schema);
+    database.Exec(version2Schema());
     if (withRIMTables)
         database.Exec(kRIMSchema);
     stamp(database, ApplicationID, Version);
@@ -215,7 +219,7 @@ void SYInventorySchema::Upgrade(SYDatabase& database) {
     SYTransaction transaction(database);
     // Version 1 kept installations as rows of a table.
     database.Exec("DROP TABLE IF EXISTS Installations");
-    database.Exec(kVersion2Schema);
+    database.Exec(version2Schema());
     stamp(database, ApplicationID, Version);
     transaction.Commit();
 }
@@ -233,11 +237,11 @@ void SYInventorySchema::CheckSystemRules(SYDatabase& database, const std::string
 
 const char* SYInventorySchema::AppTable(unsigned char invDataType) {
     CheckFileInventory(invDataType);
-    return invDataType == 0 ? "[Applications]" : "[PPC Applications]";
+    return invDataType == InvDataWindows ? "[Applications]" : "[PPC Applications]";
 }
 
 void SYInventorySchema::CheckFileInventory(unsigned char invDataType) {
-    if (invDataType > 1)
+    if (invDataType > InvDataPPC)
         throw CInvalidArgException("Inventory " + std::to_string(invDataType) +
                                    " has no files or rules; only 0 (Windows PCs) and 1 "
                                    "(Windows CE) do.");

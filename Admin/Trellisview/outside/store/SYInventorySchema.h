@@ -17,7 +17,7 @@ class SYDatabase;
 //                   VerAppName, VerAppVersion, VerAppCompany (the file's version
 //                   information), and its verdict: FileState (AppFileState), RuleID (the
 //                   effective rule, 0 for version information or none), RuleSource
-//                   (SYSamData::SYRULE_SOURCE, NULL if none) and AppID (0 if none).
+//                   (SYRuleSource, NULL if none) and AppID (0 if none).
 //                   One row per name, size and time.
 //   FileLocations   LocationID, FileID, MachineID (a Machines row for inventory 0, a
 //                   Devices row for 1), Location: the folder the file lies in.
@@ -28,7 +28,7 @@ class SYDatabase;
 //                   folder do, and with MachineID it finds the installation again.
 //                   Version 1 stored these rows in a table.
 //   SWRules         the user rules. RuleID never comes back once used. A row in
-//                   RuleState 3 is retired for good: kept for history, never active,
+//                   RuleStateRemoved is retired for good: kept for history, never active,
 //                   never deleted by the store (see SYSWRuleSet); an index of the active
 //                   rows by name keeps lookups clear of the retired ones.
 //

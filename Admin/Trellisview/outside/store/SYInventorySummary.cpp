@@ -3,7 +3,9 @@
 #include <cstdio>
 
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYRecordset.h"
+#include "outside/store/SYSWInvObject.h"
 
 namespace {
 
@@ -35,18 +37,19 @@ const char* const kAppCounts[] = {
 
 void SYInventorySummary::Load(SYDatabase& database) {
     const bool haveRIM = database.HaveTable("RIM Applications");
-    for (std::int64_t type = 0; type < 4; ++type) {
+    const std::string files = "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1";
+    for (std::int64_t type = InvDataWindows; type <= InvDataRIM; ++type) {
         Counts& counts = m_counts[static_cast<std::size_t>(type)];
         counts.clients =
-            type == 0 ? count(database, "SELECT COUNT(*) FROM Machines", 0)
-                      : count(database, "SELECT COUNT(*) FROM Devices WHERE Platform = ?1", type);
-        counts.files = count(database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1", type);
-        counts.unidentified = count(
-            database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1 AND FileState = 0", type);
-        counts.ignored = count(
-            database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1 AND FileState IN (3, 4)",
-            type);
-        counts.applications = type == 3 && !haveRIM ? 0 : countText(database, kAppCounts[type]);
+            type == InvDataWindows
+                ? count(database, "SELECT COUNT(*) FROM Machines", 0)
+                : count(database, "SELECT COUNT(*) FROM Devices WHERE Platform = ?1", type);
+        counts.files = count(database, files, type);
+        counts.unidentified =
+            count(database, files + " AND " + SYUnidentifiedFileSql("FileState"), type);
+        counts.ignored = count(database, files + " AND " + SYIgnoredFileSql("FileState"), type);
+        counts.applications =
+            type == InvDataRIM && !haveRIM ? 0 : countText(database, kAppCounts[type]);
     }
 }
 

@@ -148,7 +148,7 @@ SYInventoryWriter::KnownFile SYInventoryWriter::FindOrAddFile(unsigned char invD
             .Bind(7, file.appCompany)
             .Bind(8, std::int64_t{stored.state})
             .Bind(9, toInt(stored.ruleID))
-            .Bind(10, stored.source < 0 ? SYDbValue{} : SYDbValue{std::int64_t{stored.source}})
+            .Bind(10, SYInventoryClassifier::SourceValue(stored.source))
             .Bind(11, toInt(stored.appID));
         insert->Execute();
         entry = {static_cast<unsigned long>(m_database.LastInsertID()), stored.appID};
@@ -247,7 +247,7 @@ unsigned long SYInventoryWriter::AddUserRule(const SYRuleRow& rule) {
     SYSWRuleSet rules(m_database);
     rules.InvDataType = rule.invDataType;
     rules.AddNew();
-    rules.SetRuleState(1);
+    rules.SetRuleState(RuleStateAdded);
     rules.SetRuleType(rule.ruleType);
     rules.SetFileName(rule.fileName);
     if (rule.size)

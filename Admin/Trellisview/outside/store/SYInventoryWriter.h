@@ -43,7 +43,7 @@ public:
     // Throw CDBException on a store without the "RIM Applications" table.
     long AddRIMApplication(const std::string& name, const std::string& version);
     void AddRIMInstallation(long appID, unsigned long deviceID);
-    // A user rule (RuleState 1), applied at once to the files already written.
+    // A user rule (RuleStateAdded), applied at once to the files already written.
     unsigned long AddUserRule(const SYRuleRow& rule);
 
     void Commit();

@@ -2,15 +2,19 @@
 
 #include "outside/framework/SYTimeChecker.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYInventorySchema.h"
 #include "outside/store/SYStoreValue.h"
 
 namespace {
 
-const char* const kUserRules =
-    "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, AppVersion, Comment "
-    "FROM main.SWRules WHERE InvDataType = ?1 AND FileName = ?2 AND RuleState <> 3 "
-    "AND (FileSize IS NULL OR FileSize = ?3)";
+const std::string& userRules() {
+    static const std::string sql =
+        "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, AppVersion, Comment "
+        "FROM main.SWRules WHERE InvDataType = ?1 AND FileName = ?2 AND " +
+        SYActiveRuleSql("RuleState") + " AND (FileSize IS NULL OR FileSize = ?3)";
+    return sql;
+}
 
 const char* const kSystemRules =
     "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, AppVersion, Comment "
@@ -78,7 +82,7 @@ bool SYRuleResolver::FindInTable(const std::string& sql, const SYScanFile& file,
 bool SYRuleResolver::Find(const SYScanFile& file, _SYSAM_RULE_DATA& data,
                           SYSamData::SYRULE_SOURCE& source) {
     _SYSAM_RULE_DATA found;
-    if (FindInTable(kUserRules, file, found)) {
+    if (FindInTable(userRules(), file, found)) {
         data = found;
         source = SYSamData::RuleSourceUser;
         return true;
@@ -104,15 +108,10 @@ SYRuleResolver::Verdict SYRuleResolver::Decide(const SYScanFile& file) {
     auto source = SYSamData::RuleSourceUser;
     if (!Find(file, data, source))
         return verdict;
-    const bool user = source == SYSamData::RuleSourceUser;
     verdict.ruleID = data.RuleID;
     verdict.source = source;
-    if (data.RuleType == 1) {
-        verdict.state = user ? 4 : 3;
-        return verdict;
-    }
-    verdict.state = user && data.RuleType == 0 ? 2 : 1;
-    if (data.RuleType != 0)
+    verdict.state = SYFileVerdict(source, data.RuleType);
+    if (data.RuleType != RuleTypeId)
         return verdict;
     verdict.identified = true;
     verdict.appName = data.AppName;

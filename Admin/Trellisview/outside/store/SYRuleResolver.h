@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYScanFile.h"
 
@@ -13,9 +14,9 @@ class SYDatabase;
 class SYRuleResolver {
 public:
     struct Verdict {
-        int state = 0; // AppFileState
+        AppFileState state = AppFileNoRule;
         unsigned long ruleID = 0;
-        int source = -1; // SYSamData::SYRULE_SOURCE, -1 when no rule governs the file
+        SYRuleSource source = RuleSourceNone;
         bool identified = false;
         std::string appName;
         std::string appVersion;

@@ -5,12 +5,13 @@
 #include <string>
 
 #include "outside/framework/CTime.h"
+#include "outside/store/SYFileVerdict.h"
 
-// One rule as the writers store it: identification (ruleType 0) or ignore (1), for a file
-// name with an optional size and time (time 0 is none).
+// One rule as the writers store it: identification or ignore, for a file name with an
+// optional size and time (time 0 is none).
 struct SYRuleRow {
     unsigned char invDataType = 0;
-    unsigned char ruleType = 0;
+    unsigned char ruleType = RuleTypeId;
     std::string fileName;
     std::optional<std::uint64_t> size;
     CTime time;

@@ -1,5 +1,6 @@
 #include "outside/store/SYSWRuleSet.h"
 
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYInventorySchema.h"
 
 void SYSWRuleSet::FilterForRuleID(unsigned long ruleID) {
@@ -47,7 +48,7 @@ void SYSWRuleSet::BuildQuery(SYSelect& select) const {
     if (m_ruleID)
         select.Where("RuleID = ?", std::int64_t{static_cast<std::int64_t>(*m_ruleID)});
     if (m_activeRules)
-        select.Where("RuleState <> 3");
+        select.Where(SYActiveRuleSql("RuleState"));
     if (m_fileName)
         select.Where("FileName = ?", *m_fileName);
     if (m_fileSize)

@@ -12,15 +12,15 @@
 // database, read and written. A rule has no size or time when they are NULL; the size
 // halves then read as all ones and the time as 0.
 //
-// Row life: RuleState 1 when added, 2 after an edit in place, 3 when removed. A row in
-// state 3 is retired: it stays for history and is never active again (no filter of active
-// rules, no rule service decision sees it); the store never deletes it.
+// Row life (SYRuleState): added, modified by an edit in place, removed. A removed row is
+// retired: it stays for history and is never active again (no filter of active rules, no
+// rule service decision sees it); the store never deletes it.
 class SYSWRuleSet : public SYAutoIncRecordset {
 public:
     using SYAutoIncRecordset::SYAutoIncRecordset;
 
     void FilterForRuleID(unsigned long ruleID);
-    // Rules not in RuleState 3.
+    // Rules not removed.
     void FilterForActiveRules();
     // Same name, without regard to ASCII case; no wildcards.
     void FilterForFileName(const std::string& name);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYSWInvObject.h"
 
 class SYDatabase;
@@ -12,7 +13,7 @@ struct _SYSAM_RULE_DATA {
     std::string AppName;
     std::string AppCompany;
     std::string AppVersion;
-    unsigned char RuleType = 0;
+    unsigned char RuleType = RuleTypeId;
     std::string Comment;
 };
 
@@ -30,13 +31,8 @@ struct _SYSAM_RULE_DATA {
 // exception (CException or SYStatus) reaches the caller.
 class SYSamData : public SYSWInvObject {
 public:
-    enum SYRULE_SOURCE {
-        RuleSourceUser = 0,
-        // A rule of the system rules database that came with the installation.
-        RuleSourceSystem = 1,
-        // No rule: the file's own version information names its application.
-        RuleSourceVersionInfo = 2,
-    };
+    using SYRULE_SOURCE = SYRuleSource;
+    using enum SYRuleSource;
 
     // Name of the system rules database inside the installation folder.
     static constexpr const char* SystemRulesFileName = "SystemRules.db";
