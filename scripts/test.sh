@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Builds everything with warnings as errors under AddressSanitizer and UBSan, then runs the
-# whole test suite.
+# Checks the layers, builds everything with warnings as errors under
+# AddressSanitizer and UBSan, then runs the whole test suite.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh
+scripts/check-layers.py
 build=${BUILD_DIR:-build-test}
 cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTV_WERROR=ON -DTV_SANITIZE=ON
 cmake --build "$build" -j2

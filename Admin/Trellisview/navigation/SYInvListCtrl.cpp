@@ -6,12 +6,12 @@
 #include <memory>
 
 #include "navigation/SYAppItem.h"
-#include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
+#include "outside/services/SYTextFormat.h"
 #include "outside/store/SYAppCompanySet.h"
 #include "outside/store/SYAppEnum.h"
 #include "outside/store/SYAppFileSet.h"

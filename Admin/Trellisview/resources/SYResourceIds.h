@@ -1,9 +1,12 @@
 #pragma once
 
+#include "outside/widgets/SYWidgetIds.h"
+
 // Every number of the library's resources: menus from 13000, dialog templates from 13100,
 // controls from 13200, strings from 13500 and commands with their prompts from 13800.
 // Numbers that the console or stored settings already know keep their values; the rest are
-// free slots of the same ranges.
+// free slots of the same ranges. The selection dialogs' numbers are the widgets' own
+// (SYWidgetIds.h) and are marked where they stand in the ranges.
 
 // Standard commands and button identifiers.
 inline constexpr int IDC_STATIC = -1; // a label that no code reads
@@ -47,11 +50,11 @@ inline constexpr int IDD_APP_FILE_MACHINES = 13110;
 inline constexpr int IDD_APP_FILE_RULES = 13111;
 inline constexpr int IDD_SW_ID_RULES = 13112;
 inline constexpr int IDD_SW_IGNORE_RULES = 13113;
-inline constexpr int IDD_APP_SELECT = 13114;
+// 13114: IDD_APP_SELECT
 inline constexpr int IDD_RIM_APP_VIEW_GENERAL = 13115;
 inline constexpr int IDD_RIM_APP_VIEW_DEVICES = 13116;
 inline constexpr int IDD_RIM_APP_INST_DETAILS = 13117;
-inline constexpr int IDD_APP_COMPANY_SELECT = 13118;
+// 13118: IDD_APP_COMPANY_SELECT
 
 // Controls of the application views and details dialogs.
 inline constexpr int IDC_APP_NAME = 13200;
@@ -170,9 +173,7 @@ inline constexpr int IDC_CONFIG_RULE_DELETE = 13363;
 
 // Application and company selection dialogs.
 inline constexpr int IDC_SELECT_PROMPT = 13370;
-inline constexpr int IDC_SELECT_APP_LIST = 13371;
-inline constexpr int IDC_SELECT_COMPANY_NAME = 13372;
-inline constexpr int IDC_SELECT_COMPANY_LIST = 13373;
+// 13371 to 13373: IDC_SELECT_APP_LIST, IDC_SELECT_COMPANY_NAME, IDC_SELECT_COMPANY_LIST
 
 // Tab titles, numbered as the templates of their pages.
 inline constexpr int IDS_PALM_TAB_GENERAL = 13102;
@@ -183,7 +184,7 @@ inline constexpr int IDS_RIM_TAB_CLIENTS = 13116;
 // Strings.
 inline constexpr int IDS_NAME_AND_VERSION = 13503; // "%s  [ %s ]"
 inline constexpr int IDS_HDR_APP_LIST = 13504;
-inline constexpr int IDS_HDR_COMPANY_LIST = 13505;
+// 13505: IDS_HDR_COMPANY_LIST
 inline constexpr int IDS_HDR_EXCLUDED_FILES = 13506;
 inline constexpr int IDS_HDR_UNID_FILES = 13507;
 inline constexpr int IDS_TAB_GENERAL = 13508;
@@ -215,7 +216,7 @@ inline constexpr int IDS_HDR_PALM_DEVICES = 13546;
 inline constexpr int IDS_HDR_NAME_VALUE = 13547;
 inline constexpr int IDS_TITLE_PALM_APPLICATION = 13548;
 inline constexpr int IDS_TITLE_PALM_APP_LIST = 13549;
-inline constexpr int IDS_NO_COMPANY = 13550;        // "(No Company)"
+// 13550: IDS_NO_COMPANY
 inline constexpr int IDS_HDR_RULE_ID_RULES = 13551; // identification rules of a file
 inline constexpr int IDS_HDR_RULE_IGNORE_RULES = 13552;
 inline constexpr int IDS_HDR_FILE_CLIENTS = 13553;

@@ -10,7 +10,7 @@
 #include "outside/store/SYAppNames.h"
 #include "outside/widgets/CDataExchange.h"
 #include "outside/widgets/SYFontMetrics.h"
-#include "resources/SYResourceIds.h"
+#include "outside/widgets/SYWidgetIds.h"
 
 SY_IMPLEMENT_DYNAMIC(SYAppCompanySelectDlg, CDialog)
 

@@ -9,7 +9,7 @@
 #include "outside/store/SYAppSet.h"
 #include "outside/widgets/CDataExchange.h"
 #include "outside/widgets/SYFontMetrics.h"
-#include "resources/SYResourceIds.h"
+#include "outside/widgets/SYWidgetIds.h"
 
 SY_IMPLEMENT_DYNAMIC(SYAppSelectDlg, CDialog)
 

@@ -62,6 +62,17 @@ inline constexpr unsigned TVE_COLLAPSE = 1;
 inline constexpr unsigned TVE_EXPAND = 2;
 inline constexpr unsigned TVE_TOGGLE = 3;
 
+// The selection dialogs' own template, controls and strings. The resource tables fill
+// them under these numbers, which keep their places in the library's resource ranges
+// (resources/SYResourceIds.h).
+inline constexpr int IDD_APP_SELECT = 13114;
+inline constexpr int IDD_APP_COMPANY_SELECT = 13118;
+inline constexpr int IDC_SELECT_APP_LIST = 13371;
+inline constexpr int IDC_SELECT_COMPANY_NAME = 13372;
+inline constexpr int IDC_SELECT_COMPANY_LIST = 13373;
+inline constexpr int IDS_HDR_COMPANY_LIST = 13505;
+inline constexpr int IDS_NO_COMPANY = 13550; // "(No Company)"
+
 // Column and cell alignment.
 inline constexpr int SYAlignLeft = 0;
 inline constexpr int SYAlignRight = 1;

@@ -1,4 +1,4 @@
-#include "navigation/SYTextFormat.h"
+#include "outside/services/SYTextFormat.h"
 
 std::string SYFormatText(const std::string& format, std::initializer_list<std::string> args) {
     std::string text;
