@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build and tests need, when any is missing.
 set -euo pipefail
-packages=(g++ cmake ninja-build pkg-config ccache libsqlite3-dev libgtest-dev libbenchmark-dev
-          libncurses-dev libcairo2-dev poppler-utils tmux)
+packages=(g++ cmake ninja-build pkg-config ccache clang-format python3 libsqlite3-dev libgtest-dev
+          libbenchmark-dev libncurses-dev libcairo2-dev poppler-utils tmux)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
