@@ -17,6 +17,7 @@ using Strings = std::vector<std::string>;
 class TestTree : public SYInvTreeWnd {
 public:
     using SYInvTreeWnd::BuildApps;
+    using SYInvTreeWnd::RemovePPCData;
     using SYInvTreeWnd::SetAppsItem;
     using SYInvTreeWnd::UpdateAppCounts;
     using SYInvTreeWnd::UpdateApps;

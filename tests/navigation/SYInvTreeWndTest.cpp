@@ -233,6 +233,18 @@ TEST_F(InvTreeTest, HandheldBranchesCountAndFindTheSelectionAgainById) {
     EXPECT_TRUE(Ctrl().IsRedrawOn());
 }
 
+TEST_F(InvTreeTest, RemovingTheWindowsCEBranchUnderItsSelectedCompanyLeavesNoSelection) {
+    AddApp(1, "Acme", "acme", "Tool", "1.0");
+    tree.UpdateTree();
+    Ctrl().SelectItem(Ctrl().GetChildItem(tree.PPCAppsItem()));
+    tree.RemovePPCData();
+    EXPECT_EQ(Ctrl().GetSelectedItem(), nullptr);
+    EXPECT_EQ(Texts(nullptr), (Strings{"Palm Applications  (0)", "BlackBerry Applications (0)"}));
+    tree.UpdateTree();
+    EXPECT_EQ(Ctrl().GetSelectedItem(), tree.PalmAppsItem()) << "the first root, once rebuilt";
+    EXPECT_NE(tree.PPCAppsItem(), nullptr);
+}
+
 TEST_F(InvTreeTest, FailuresAreReportedAndTheNextStepGoesOn) {
     AddPalmApp("MemoPad", "1.0");
     AddApp(1, "Acme", "acme", "Tool", "1.0");

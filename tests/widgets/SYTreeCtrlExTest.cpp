@@ -46,18 +46,19 @@ protected:
     std::map<std::string, HTREEITEM> nodes;
 };
 
-TEST_F(TreeTest, DeletingTheSelectedNodeMovesTheSelectionByTheControlsRule) {
+TEST_F(TreeTest, DeletingMovesOrDropsTheSelectionByTheControlsRule) {
     struct Case {
         const char* selected;
         const char* deleted;
         const char* expected;
     };
     const Case cases[] = {
-        {"A/2", "A/2", "A/3"},   // next sibling first
-        {"A/3", "A/3", "A/2"},   // else the previous one
-        {"B/1", "B/1", "B"},     // else the parent
-        {"A/2/x", "A/2", "A/3"}, // a selected descendant goes with its ancestor
-        {"A/1", "A/3", "A/1"},   // another node's deletion leaves the selection alone
+        {"A/2", "A/2", "A/3"},      // next sibling first
+        {"A/3", "A/3", "A/2"},      // else the previous one
+        {"B/1", "B/1", "B"},        // else the parent
+        {"A/2/x", "A/2", "(none)"}, // an ancestor's deletion leaves no selection
+        {"A/2/x", "A", "(none)"},
+        {"A/1", "A/3", "A/1"}, // another node's deletion leaves the selection alone
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string("deleting ") + c.deleted);
@@ -71,7 +72,9 @@ TEST_F(TreeTest, DeletingTheSelectedNodeMovesTheSelectionByTheControlsRule) {
         EXPECT_EQ(Name(tree().GetSelectedItem()), c.expected);
         EXPECT_EQ(main.heard.size(), std::string(c.selected) == c.expected ? 1u : 2u);
         EXPECT_EQ(main.heard[0], (std::pair<unsigned, int>{77, TVN_SELCHANGED}));
-        EXPECT_EQ(tree().GetItemState(tree().GetSelectedItem(), TVIS_SELECTED), TVIS_SELECTED);
+        if (HTREEITEM selected = tree().GetSelectedItem()) {
+            EXPECT_EQ(tree().GetItemState(selected, TVIS_SELECTED), TVIS_SELECTED);
+        }
     }
 }
 

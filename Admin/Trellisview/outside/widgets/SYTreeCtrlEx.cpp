@@ -312,20 +312,23 @@ int SYTreeCtrlEx::DeleteItem(HTREEITEM node) {
         return DeleteAllItems();
     if (!Live(node))
         return 0;
-    const bool movesSelection = IsInSubtree(m_selected, node);
-    SYTreeNode* successor = node->next != nullptr   ? node->next
-                            : node->prev != nullptr ? node->prev
-                                                    : node->parent;
+    // As the common control does: the selected node's own deletion hands the selection on;
+    // an ancestor's deletion takes it away.
+    const bool losesSelection = IsInSubtree(m_selected, node);
+    SYTreeNode* successor = nullptr;
+    if (m_selected == node)
+        successor = node->next != nullptr   ? node->next
+                    : node->prev != nullptr ? node->prev
+                                            : node->parent;
     Unlink(node);
-    if (movesSelection) {
-        m_selected = nullptr;
+    if (losesSelection) {
         if (successor != nullptr)
             successor->state |= TVIS_SELECTED;
         m_selected = successor;
     }
     Forget(node);
     NoteChange();
-    if (movesSelection)
+    if (losesSelection)
         SendNotifyToParent(TVN_SELCHANGED);
     return 1;
 }

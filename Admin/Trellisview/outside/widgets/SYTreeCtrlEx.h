@@ -84,8 +84,9 @@ public:
     // collapse also collapses every node below.
     int Expand(HTREEITEM node, unsigned code, int notify = 0, int recursive = 0);
 
-    // The children go too. If the selected node goes, the selection moves to the deleted
-    // node's next sibling, else its previous sibling, else its parent.
+    // The children go too. If the selected node goes, the selection moves to its next
+    // sibling, else its previous sibling, else its parent; if a node above the selection
+    // goes, nothing stays selected.
     int DeleteItem(HTREEITEM node);
     int DeleteChildren(HTREEITEM node);
     int DeleteAllItems();
