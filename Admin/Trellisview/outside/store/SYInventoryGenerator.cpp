@@ -6,7 +6,9 @@
 
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYFileVerdict.h"
 #include "outside/store/SYInventoryWriter.h"
+#include "outside/store/SYSWInvObject.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
@@ -168,7 +170,7 @@ void retireRule(SYDatabase& database, const std::string& installFolder, unsigned
     rules.Update(1);
     rules.Close();
     SYSamData sam(database);
-    sam.InvDataType = 0;
+    sam.InvDataType = InvDataWindows;
     sam.EstablishSystemRulesDb(installFolder);
     sam.DeleteRule(ruleID);
 }
@@ -205,17 +207,19 @@ void SYInventoryGenerator::WriteSystemRules(const std::string& installFolder) {
         return;
     SYSystemRulesWriter rules(path);
     for (const char* name : {"pagefile.sys", "hiberfil.sys", "desktop.ini", "thumbs.db"})
-        rules.AddRule(ignore(0, name, "Operating system file"));
-    SYRuleRow runtime = identify(0, "sharedrt.dll", "Shared Runtime", "", "Halcyon Data LLC");
+        rules.AddRule(ignore(InvDataWindows, name, "Operating system file"));
+    SYRuleRow runtime =
+        identify(InvDataWindows, "sharedrt.dll", "Shared Runtime", "", "Halcyon Data LLC");
     rules.AddRule(runtime);
     for (int variant = 0; variant < 2; ++variant) {
         runtime.size = sharedRuntimeSize(variant);
         runtime.appVersion = variant == 0 ? "1.0" : "2.0";
         rules.AddRule(runtime);
     }
-    rules.AddRule(identify(0, "orplanhlp.dll", "Orrery Planner", "2.0", "Orrery Soft"));
-    rules.AddRule(identify(1, "sharedce.dll", "Pocket Runtime", "1.0", "Halcyon Data"));
-    rules.AddRule(ignore(1, "unload.log", "Setup log"));
+    rules.AddRule(
+        identify(InvDataWindows, "orplanhlp.dll", "Orrery Planner", "2.0", "Orrery Soft"));
+    rules.AddRule(identify(InvDataPPC, "sharedce.dll", "Pocket Runtime", "1.0", "Halcyon Data"));
+    rules.AddRule(ignore(InvDataPPC, "unload.log", "Setup log"));
     rules.Commit();
 }
 
@@ -230,7 +234,8 @@ void SYInventoryGenerator::WriteTailApps(SYInventoryWriter& writer, unsigned cha
         const std::string name = numbered("Tail Tool %05d", vendor * 2 + app);
         const std::string stem = numbered("tt%05d", vendor * 2 + app);
         const auto time = buildTime(100 + static_cast<std::size_t>(vendor), 0);
-        const std::string root = invDataType == 0 ? "C:\\Program Files\\" : "\\Program Files\\";
+        const std::string root =
+            invDataType == InvDataWindows ? "C:\\Program Files\\" : "\\Program Files\\";
         const std::string folder = root + company.substr(0, 20) + "\\" + name;
         const std::uint64_t size = 90000 + static_cast<std::uint64_t>(vendor) * 131 + app;
         writer.AddFile(invDataType, client, folder,
@@ -252,43 +257,44 @@ void SYInventoryGenerator::WriteMachine(SYInventoryWriter& writer, int index) {
         const std::string folder = std::string("C:\\Program Files\\") + app.name;
         const auto files = appFiles(app, appIndex, version);
         for (const auto& file : files)
-            writer.AddFile(0, pc, folder, file);
+            writer.AddFile(InvDataWindows, pc, folder, file);
         if (Chance(20))
-            writer.AddFile(0, pc, "C:\\Windows\\System32", files[2]);
+            writer.AddFile(InvDataWindows, pc, "C:\\Windows\\System32", files[2]);
     }
     if (m_options.tailVendors > 0)
-        WriteTailApps(writer, 0, pc, 2 + Pick(3));
+        WriteTailApps(writer, InvDataWindows, pc, 2 + Pick(3));
     const int pageVariant = Pick(12);
-    writer.AddFile(0, pc, "C:\\",
+    writer.AddFile(InvDataWindows, pc, "C:\\",
                    {"pagefile.sys", (4 + static_cast<std::uint64_t>(pageVariant)) * kGigabyte,
                     kScanBase - pageVariant * 86400, "", "", ""});
     if (Chance(50))
-        writer.AddFile(0, pc, "C:\\",
+        writer.AddFile(InvDataWindows, pc, "C:\\",
                        {"hiberfil.sys", 6871947674ULL + Pick(3), kBuildBase, "", "", ""});
     const int runtime = Pick(3);
     writer.AddFile(
-        0, pc, "C:\\Windows\\System32",
+        InvDataWindows, pc, "C:\\Windows\\System32",
         {"sharedrt.dll", sharedRuntimeSize(runtime), buildTime(20, runtime), "", "", ""});
     const std::string home = "C:\\Users\\" + user;
-    writer.AddFile(0, pc, home + "\\Desktop", {"desktop.ini", 282, kBuildBase, "", "", ""});
+    writer.AddFile(InvDataWindows, pc, home + "\\Desktop",
+                   {"desktop.ini", 282, kBuildBase, "", "", ""});
     if (Chance(40))
-        writer.AddFile(0, pc, home + "\\Pictures",
+        writer.AddFile(InvDataWindows, pc, home + "\\Pictures",
                        {"thumbs.db", 8192 + static_cast<std::uint64_t>(Pick(20)) * 512, kScanBase,
                         "", "", ""});
     if (Chance(30)) {
         const int setup = Pick(40);
-        writer.AddFile(0, pc, home + "\\Downloads",
+        writer.AddFile(InvDataWindows, pc, home + "\\Downloads",
                        {numbered("setup_%02d.exe", setup), setupSize(setup),
                         buildTime(30, 0) + setup * 60, "", "", ""});
     }
     if (Chance(10))
-        writer.AddFile(0, pc, home + "\\AppData\\Local\\Temp",
+        writer.AddFile(InvDataWindows, pc, home + "\\AppData\\Local\\Temp",
                        {numbered("~wrl%05d.tmp", index), 4096, kScanBase - 3600, "", "", ""});
 }
 
 void SYInventoryGenerator::WriteCEDevice(SYInventoryWriter& writer, int index) {
     const CTime scan = Chance(95) ? CTime(LastScan()) : CTime();
-    const auto device = writer.AddDevice(1, numbered("CE-%05d", index),
+    const auto device = writer.AddDevice(InvDataPPC, numbered("CE-%05d", index),
                                          kUsers[static_cast<std::size_t>(Pick(12))], scan);
     const int appCount = 1 + Pick(3);
     for (int i = 0; i < appCount; ++i) {
@@ -296,21 +302,22 @@ void SYInventoryGenerator::WriteCEDevice(SYInventoryWriter& writer, int index) {
         const App& app = kCEApps[appIndex];
         const auto version = static_cast<std::size_t>(Pick(static_cast<int>(app.versions.size())));
         for (const auto& file : appFiles(app, appIndex + 40, version))
-            writer.AddFile(1, device, std::string("\\Program Files\\") + app.name, file);
+            writer.AddFile(InvDataPPC, device, std::string("\\Program Files\\") + app.name, file);
     }
     if (m_options.tailVendors > 0)
-        WriteTailApps(writer, 1, device, 1);
-    writer.AddFile(1, device, "\\Windows", {"sharedce.dll", 64000, buildTime(50, 0), "", "", ""});
+        WriteTailApps(writer, InvDataPPC, device, 1);
+    writer.AddFile(InvDataPPC, device, "\\Windows",
+                   {"sharedce.dll", 64000, buildTime(50, 0), "", "", ""});
     writer.AddFile(
-        1, device, "\\Windows",
+        InvDataPPC, device, "\\Windows",
         {"cache.dat", 2048 + static_cast<std::uint64_t>(Pick(8)) * 1024, kScanBase, "", "", ""});
     if (Chance(30))
-        writer.AddFile(1, device, "\\Windows", {"unload.log", 512, kScanBase, "", "", ""});
+        writer.AddFile(InvDataPPC, device, "\\Windows", {"unload.log", 512, kScanBase, "", "", ""});
 }
 
 void SYInventoryGenerator::WritePalmDevice(SYInventoryWriter& writer, int index) {
     const CTime scan = Chance(95) ? CTime(LastScan()) : CTime();
-    const auto device = writer.AddDevice(2, numbered("PALM-%05d", index),
+    const auto device = writer.AddDevice(InvDataPalm, numbered("PALM-%05d", index),
                                          kUsers[static_cast<std::size_t>(Pick(12))], scan);
     const int appCount = 3 + Pick(4);
     const int first = Pick(static_cast<int>(kPalmApps.size()));
@@ -336,7 +343,7 @@ void SYInventoryGenerator::WritePalmDevice(SYInventoryWriter& writer, int index)
 
 void SYInventoryGenerator::WriteRIMDevice(SYInventoryWriter& writer, int index) {
     const CTime scan = Chance(95) ? CTime(LastScan()) : CTime();
-    const auto device = writer.AddDevice(3, numbered("BB-%05d", index),
+    const auto device = writer.AddDevice(InvDataRIM, numbered("BB-%05d", index),
                                          kUsers[static_cast<std::size_t>(Pick(12))], scan);
     if (!m_options.withRIMTables)
         return;
@@ -352,25 +359,28 @@ void SYInventoryGenerator::WriteRIMDevice(SYInventoryWriter& writer, int index) 
 }
 
 void SYInventoryGenerator::WriteUserRules(SYInventoryWriter& writer) {
-    writer.AddUserRule(
-        identify(0, "qwriterhlp.dll", "Quill Writer", "2.5", "Quillmark Systems Corp."));
-    SYRuleRow setup = identify(0, "setup_07.exe", "Setup Assistant", "1.0", "Pinecrest Tools");
+    writer.AddUserRule(identify(InvDataWindows, "qwriterhlp.dll", "Quill Writer", "2.5",
+                                "Quillmark Systems Corp."));
+    SYRuleRow setup =
+        identify(InvDataWindows, "setup_07.exe", "Setup Assistant", "1.0", "Pinecrest Tools");
     setup.size = setupSize(7);
     setup.time = CTime(buildTime(30, 0) + 7 * 60 + 25);
     writer.AddUserRule(setup);
-    SYRuleRow mailHelper = identify(0, "bfmailhlp.dll", "Bluefin Mail", "3.1", "BLUEFIN LABS INC");
+    SYRuleRow mailHelper =
+        identify(InvDataWindows, "bfmailhlp.dll", "Bluefin Mail", "3.1", "BLUEFIN LABS INC");
     mailHelper.time = CTime(buildTime(0, 1));
     writer.AddUserRule(mailHelper);
-    SYRuleRow runtime = identify(0, "sharedrt.dll", "Halcyon Runtime", "3.0", "Halcyon Data");
+    SYRuleRow runtime =
+        identify(InvDataWindows, "sharedrt.dll", "Halcyon Runtime", "3.0", "Halcyon Data");
     runtime.size = sharedRuntimeSize(2);
     writer.AddUserRule(runtime);
-    writer.AddUserRule(ignore(0, "readme.txt", "Documentation, not software"));
-    SYRuleRow oneSetup = ignore(0, "setup_13.exe", "Installer left behind");
+    writer.AddUserRule(ignore(InvDataWindows, "readme.txt", "Documentation, not software"));
+    SYRuleRow oneSetup = ignore(InvDataWindows, "setup_13.exe", "Installer left behind");
     oneSetup.size = setupSize(13);
     writer.AddUserRule(oneSetup);
     writer.AddUserRule(
-        identify(1, "kpplayhlp.dll", "Kestrel Pocket Player", "1.2", "Kestrel Audio AG"));
-    writer.AddUserRule(ignore(1, "cache.dat", "Cache"));
+        identify(InvDataPPC, "kpplayhlp.dll", "Kestrel Pocket Player", "1.2", "Kestrel Audio AG"));
+    writer.AddUserRule(ignore(InvDataPPC, "cache.dat", "Cache"));
 }
 
 void SYInventoryGenerator::Generate(SYDatabase& database, const std::string& installFolder) {
@@ -392,7 +402,7 @@ void SYInventoryGenerator::Generate(SYDatabase& database, const std::string& ins
     }
     WriteUserRules(writer);
     const unsigned long retired = writer.AddUserRule(
-        identify(0, "kplayhlp.dll", "Kestrel Player", "3.3", "Kestrel Audio AG"));
+        identify(InvDataWindows, "kplayhlp.dll", "Kestrel Player", "3.3", "Kestrel Audio AG"));
     writer.Commit();
     retireRule(database, installFolder, retired);
 }

@@ -6,6 +6,7 @@
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryClassifier.h"
 #include "outside/store/SYInventorySchema.h"
+#include "outside/store/SYSWInvObject.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYStoreValue.h"
@@ -106,9 +107,10 @@ unsigned long SYInventoryWriter::AddDevice(unsigned char platform, const std::st
 void SYInventoryWriter::CheckClient(unsigned char invDataType, unsigned long clientID) {
     if (m_clients[invDataType].count(clientID) != 0)
         return;
-    auto find = m_database.Cached(
-        invDataType == 0 ? "SELECT 1 FROM Machines WHERE MachineID = ?1"
-                         : "SELECT 1 FROM Devices WHERE DeviceID = ?1 AND Platform = 1");
+    auto find =
+        m_database.Cached(invDataType == InvDataWindows
+                              ? "SELECT 1 FROM Machines WHERE MachineID = ?1"
+                              : "SELECT 1 FROM Devices WHERE DeviceID = ?1 AND Platform = 1");
     find->Bind(1, toInt(clientID));
     if (!find->Step())
         throw CInvalidArgException("No client " + std::to_string(clientID) + " of inventory " +
