@@ -2,6 +2,7 @@
 
 #include "details/DetailsInventory.h"
 #include "details/SYAppInstDetailsDlg.h"
+#include "details/SYAppMachineItem.h"
 #include "details/SYAppTabWnd.h"
 #include "details/SYAppViewGeneralPage.h"
 #include "details/SYAppViewMachinesPage.h"
@@ -143,19 +144,52 @@ TEST_F(AppTabWnd, DoubleClicksPostTheirCommandOnlyWithASelection) {
 
 TEST_F(AppTabWnd, AFailedLoadIsReportedAndKeepsWhatWasRead) {
     ASSERT_EQ(tabs.LoadAppData(toolApp, 0), 1);
-    // The first statements read the application and its files; the installations fail.
-    db.FailStatement(3);
+    tabs.ActivateMachinesPage();
+    tabs.MachineList()->SelectItem(0);
+    // Application, files, installations, the last-scan set and the first client's lookup
+    // run; the second client's lookup fails with one client in the emptied array.
+    db.FailStatement(6);
     EXPECT_EQ(tabs.LoadAppData(ceToolApp, 1), 0);
     db.ClearFault();
     ASSERT_EQ(SYGetApp().Reports().size(), 1u);
     EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
     EXPECT_EQ(TextOf(General(), IDC_APP_NAME), "CE Tool");
     EXPECT_EQ(Rows(tabs.AppFileList()).size(), 1u);
+    EXPECT_EQ(Rows(*tabs.MachineList()).size(), 3u) << "the rows of the application before";
     std::uint32_t machine = 0, installation = 0;
-    tabs.ActivateMachinesPage();
-    tabs.MachineList()->SelectItem(0);
     EXPECT_EQ(tabs.GetSelectedInstallation(machine, installation), 0)
-        << "the rows of the failed load's emptied array";
+        << "a row whose item is gone is not read";
+}
+
+// Descending reverses the main key only: ties run ascending by client, then folder.
+TEST(AppMachineItem, TieBreaksRunAscendingWhateverTheDirection) {
+    const auto item = [](const char* client, std::int32_t scan, const char* location) {
+        SYAppMachineItem machine;
+        machine.SetMachineName(client);
+        machine.SetLastScan(scan);
+        machine.SetLocation(location);
+        return machine;
+    };
+    const SYAppMachineItem a = item("a", 5, "C"), b = item("B", 5, "C"), aLater = item("a", 9, "D"),
+                           aD = item("A", 5, "D");
+    const struct {
+        const SYAppMachineItem& first;
+        const SYAppMachineItem& second;
+        int column;
+        int ascending;
+        int expected;
+    } cases[] = {
+        {a, b, 0, 0, 1},      {a, aD, 0, 0, -1},    {a, b, 1, 0, -1},  {a, aD, 1, 0, -1},
+        {a, aLater, 1, 0, 1}, {a, b, 2, 0, -1},     {a, aD, 2, 1, -1}, {a, b, 4, 1, 0},
+        {a, aD, 3, 1, 0},     {a, aLater, 6, 1, 0},
+    };
+    for (const auto& c : cases) {
+        const int result = c.first.CompareTo(&c.second, c.column, c.ascending);
+        EXPECT_EQ((result > 0) - (result < 0), c.expected)
+            << c.first.MachineName() << " " << c.second.MachineName() << " column " << c.column
+            << " ascending " << c.ascending;
+    }
+    EXPECT_EQ(a.CompareTo(nullptr, 0, 1), 0);
 }
 
 TEST_F(AppTabWnd, DetailsShowTheSelectedInstallationAfterARuleMovedOneOfItsFiles) {
