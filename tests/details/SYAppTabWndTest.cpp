@@ -161,6 +161,24 @@ TEST_F(AppTabWnd, AFailedLoadIsReportedAndKeepsWhatWasRead) {
         << "a row whose item is gone is not read";
 }
 
+TEST_F(AppTabWnd, ResizingStretchesListsAndFieldsToEqualMargins) {
+    tabs.MoveWindow({0, 0, 900, 700});
+    for (SYWnd* page : {tabs.GetPage(0), tabs.GetPage(1)}) {
+        const SYRect client = page->GetClientRect();
+        for (const unsigned id : {IDC_APP_FILES_GROUP, IDC_APP_FILE_LIST, IDC_MACHINE_LIST}) {
+            const SYWnd* control = page->GetDlgItem(id);
+            if (control == nullptr)
+                continue;
+            const SYRect rect = control->GetWindowRect();
+            EXPECT_EQ(client.right - rect.right, rect.left) << id;
+            EXPECT_EQ(client.bottom - rect.bottom, rect.left) << id;
+        }
+    }
+    const SYRect name = General().GetDlgItem(IDC_APP_NAME)->GetWindowRect();
+    EXPECT_EQ(General().GetClientRect().right - name.right, name.top);
+    EXPECT_EQ(General().GetDlgItem(IDC_APP_COMPANY)->GetWindowRect().right, name.right);
+}
+
 // Descending reverses the main key only: ties run ascending by client, then folder.
 TEST(AppMachineItem, TieBreaksRunAscendingWhateverTheDirection) {
     const auto item = [](const char* client, std::int32_t scan, const char* location) {
