@@ -1,0 +1,3 @@
+#include "details/SYAppBaseTabWnd.h"
+
+SY_IMPLEMENT_DYNAMIC(SYAppBaseTabWnd, SYTabWnd)

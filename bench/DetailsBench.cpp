@@ -1,0 +1,268 @@
+// The Windows application view and the installation details on a generated estate, each
+// beside the raw SQLite reads of the same rows on the same connection in the same run: the
+// ratio of a view benchmark to its raw twin is the figure to watch.
+
+#include <benchmark/benchmark.h>
+#include <sqlite3.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "details/SYAppInstDetailsDlg.h"
+#include "details/SYAppTabWnd.h"
+#include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryGenerator.h"
+#include "outside/widgets/SYListCtrlEx.h"
+#include "outside/widgets/SYWnd.h"
+
+namespace {
+
+constexpr int Clients = 10000;
+
+class Statement {
+public:
+    Statement(sqlite3* db, const char* sql) {
+        if (sqlite3_prepare_v2(db, sql, -1, &m_stmt, nullptr) != SQLITE_OK)
+            std::abort();
+    }
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+    ~Statement() { sqlite3_finalize(m_stmt); }
+    sqlite3_stmt* get() const { return m_stmt; }
+    Statement& Bind(int index, std::int64_t value) {
+        sqlite3_bind_int64(m_stmt, index, value);
+        return *this;
+    }
+    Statement& Bind(int index, const unsigned char* text) {
+        sqlite3_bind_text(m_stmt, index, reinterpret_cast<const char*>(text), -1, SQLITE_TRANSIENT);
+        return *this;
+    }
+    bool Step() { return sqlite3_step(m_stmt) == SQLITE_ROW; }
+    void Reset() { sqlite3_reset(m_stmt); }
+
+private:
+    sqlite3_stmt* m_stmt = nullptr;
+};
+
+// The estate is made once, in a folder of its own that goes at exit, with the application
+// installed on the most PCs and the first of its installations.
+class Estate {
+public:
+    Estate() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "tvdetailsbench-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr)
+            std::abort();
+        m_folder = pattern;
+        SYInventoryGenerator::Options options;
+        options.seed = 11;
+        options.clients = Clients;
+        options.tailVendors = 200;
+        SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
+                                             options);
+        m_db.Open(m_folder + "/inventory.db");
+        Statement app(Raw(), "SELECT AppID FROM Installations WHERE InvDataType = 0 GROUP BY "
+                             "AppID ORDER BY COUNT(DISTINCT MachineID) DESC LIMIT 1");
+        if (!app.Step())
+            std::abort();
+        appID = static_cast<std::uint32_t>(sqlite3_column_int64(app.get(), 0));
+        Statement first(Raw(), "SELECT MachineID, InstallationID FROM Installations WHERE "
+                               "InvDataType = 0 AND AppID = ?1 ORDER BY MachineID LIMIT 1");
+        if (!first.Bind(1, appID).Step())
+            std::abort();
+        machineID = static_cast<std::uint32_t>(sqlite3_column_int64(first.get(), 0));
+        installationID = static_cast<std::uint32_t>(sqlite3_column_int64(first.get(), 1));
+    }
+    Estate(const Estate&) = delete;
+    Estate& operator=(const Estate&) = delete;
+    ~Estate() {
+        m_db.Close();
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    SYDatabase& Db() { return m_db; }
+    sqlite3* Raw() { return m_db.Handle(); }
+
+    std::uint32_t appID = 0;
+    std::uint32_t machineID = 0;
+    std::uint32_t installationID = 0;
+
+private:
+    std::string m_folder;
+    SYDatabase m_db;
+};
+
+Estate& estate() {
+    static Estate made;
+    return made;
+}
+
+void touchRow(sqlite3_stmt* stmt) {
+    for (int c = 0; c < sqlite3_column_count(stmt); ++c) {
+        if (sqlite3_column_type(stmt, c) == SQLITE_TEXT)
+            benchmark::DoNotOptimize(sqlite3_column_text(stmt, c));
+        else
+            benchmark::DoNotOptimize(sqlite3_column_int64(stmt, c));
+    }
+}
+
+void checkRows(benchmark::State& state, std::int64_t rows, std::int64_t expected) {
+    state.counters["rows"] = static_cast<double>(rows);
+    if (rows != expected)
+        state.SkipWithError("the rows read differ from the raw reads");
+}
+
+// --- LoadAppData for the most installed application ----------------------------------------
+
+// The application, its files once each, and its installations with each PC's last scan.
+std::int64_t rawAppData(Statement& app, Statement& files, Statement& installations,
+                        Statement& scan) {
+    const std::int64_t appID = estate().appID;
+    std::int64_t rows = 0;
+    app.Bind(1, appID);
+    if (app.Step())
+        touchRow(app.get());
+    app.Reset();
+    files.Bind(1, appID);
+    std::int64_t lastFile = 0;
+    while (files.Step()) {
+        const std::int64_t fileID = sqlite3_column_int64(files.get(), 0);
+        if (fileID == lastFile)
+            continue;
+        touchRow(files.get());
+        lastFile = fileID;
+        ++rows;
+    }
+    files.Reset();
+    installations.Bind(1, appID);
+    while (installations.Step()) {
+        touchRow(installations.get());
+        scan.Bind(1, sqlite3_column_int64(installations.get(), 1));
+        if (scan.Step())
+            touchRow(scan.get());
+        scan.Reset();
+        ++rows;
+    }
+    installations.Reset();
+    return rows;
+}
+
+std::int64_t rawAppDataRows() {
+    Statement app(estate().Raw(),
+                  "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1");
+    Statement files(estate().Raw(),
+                    "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
+                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
+                    "f.AppID = ?1 ORDER BY f.FileID");
+    Statement installations(estate().Raw(),
+                            "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
+                            "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
+                            "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
+                            "i.MachineID, i.Location");
+    Statement scan(estate().Raw(),
+                   "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND ResourceID = 1");
+    return rawAppData(app, files, installations, scan);
+}
+
+void BM_RawAppData(benchmark::State& state) {
+    Statement app(estate().Raw(),
+                  "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1");
+    Statement files(estate().Raw(),
+                    "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
+                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
+                    "f.AppID = ?1 ORDER BY f.FileID");
+    Statement installations(estate().Raw(),
+                            "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
+                            "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
+                            "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
+                            "i.MachineID, i.Location");
+    Statement scan(estate().Raw(),
+                   "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND ResourceID = 1");
+    std::int64_t rows = 0;
+    for (auto _ : state)
+        rows = rawAppData(app, files, installations, scan);
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
+void BM_LoadAppData(benchmark::State& state) {
+    SYWnd main;
+    main.Create(SYControlKind::Static, 1, "main", {0, 0, 1024, 768}, nullptr);
+    SYAppTabWnd tabs;
+    tabs.Initialize(100, &main);
+    tabs.SetDatabase(&estate().Db());
+    const std::int64_t expected = rawAppDataRows();
+    for (auto _ : state)
+        tabs.LoadAppData(estate().appID, 0);
+    checkRows(state, tabs.AppFileList().GetItemCount() + tabs.MachineList()->GetItemCount(),
+              expected);
+    state.counters["clients"] = tabs.MachineTotal();
+}
+
+// --- the details of one installation ------------------------------------------------------
+
+std::int64_t rawDetails(Statement& installation, Statement& app, Statement& files) {
+    std::int64_t rows = 0;
+    installation.Bind(1, estate().machineID).Bind(2, estate().installationID);
+    if (installation.Step()) {
+        touchRow(installation.get());
+        app.Bind(1, sqlite3_column_int64(installation.get(), 0));
+        if (app.Step())
+            touchRow(app.get());
+        app.Reset();
+        files.Bind(1, sqlite3_column_int64(installation.get(), 0))
+            .Bind(2, estate().machineID)
+            .Bind(3, sqlite3_column_text(installation.get(), 1));
+        while (files.Step()) {
+            touchRow(files.get());
+            ++rows;
+        }
+        files.Reset();
+    }
+    installation.Reset();
+    return rows;
+}
+
+struct RawDetails {
+    Statement installation{estate().Raw(),
+                           "SELECT i.AppID, i.Location, m.MachineName FROM Installations i LEFT "
+                           "JOIN Machines m ON m.MachineID = i.MachineID WHERE i.InvDataType = 0 "
+                           "AND i.MachineID = ?1 AND i.InstallationID = ?2"};
+    Statement app{estate().Raw(),
+                  "SELECT AppName, AppVersion FROM [Applications] WHERE AppID = ?1"};
+    Statement files{estate().Raw(),
+                    "SELECT f.FileName, f.FileSize, f.FileTime, l.Location FROM Files f JOIN "
+                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
+                    "f.AppID = ?1 AND l.MachineID = ?2 AND l.Location = ?3"};
+    std::int64_t Run() { return rawDetails(installation, app, files); }
+};
+
+void BM_RawInstallationDetails(benchmark::State& state) {
+    RawDetails raw;
+    std::int64_t rows = 0;
+    for (auto _ : state)
+        rows = raw.Run();
+    state.counters["rows"] = static_cast<double>(rows);
+}
+
+void BM_InstallationDetails(benchmark::State& state) {
+    const std::int64_t expected = RawDetails().Run();
+    std::int64_t rows = 0;
+    for (auto _ : state) {
+        // Without a modal host the dialog loads and gives up showing at once.
+        SYAppInstDetailsDlg details;
+        details.SetDatabase(&estate().Db());
+        details.SetInstInfo(estate().machineID, estate().installationID, 0);
+        details.DoModal();
+        rows = static_cast<std::int64_t>(details.FileData().size());
+    }
+    checkRows(state, rows, expected);
+}
+
+} // namespace
+
+BENCHMARK(BM_RawAppData)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LoadAppData)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RawInstallationDetails)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_InstallationDetails)->Unit(benchmark::kMicrosecond);
