@@ -2,6 +2,7 @@
 
 #include <type_traits>
 
+#include "editing/SYRuleItemReader.h"
 #include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/framework/SYListItemArray.h"
@@ -30,19 +31,6 @@ constexpr unsigned char ownRuleType = isIdRule<Item> ? RuleTypeId : RuleTypeIgno
 
 template <class Item> int titleStringId() {
     return isIdRule<Item> ? IDS_IDENTIFY_FILE_TITLE : IDS_IGNORE_FILE_TITLE;
-}
-
-template <class Item> void readFileInfo(Item& item, const SYSWRuleSet& set) {
-    item.SetFileName(set.FileName());
-    if (set.HaveFileSize())
-        item.SetFileSize(static_cast<std::uint32_t>(set.FileSizeLo()),
-                         static_cast<std::uint32_t>(set.FileSizeHi()));
-    else
-        item.ClearFileSize();
-    if (set.HaveFileTime())
-        item.SetModTime(set.FileTime());
-    else
-        item.ClearModTime();
 }
 
 } // namespace
@@ -88,17 +76,7 @@ template <class Item> int SYEditRuleDlg<Item>::LoadRuleData() {
         set.Open();
         if (set.IsEOF())
             return 0;
-        m_ruleItem.SetItemType(ItemTypeRule);
-        m_ruleItem.SetItemStatus(ItemStatusStored);
-        m_ruleItem.SetFileID(static_cast<std::uint32_t>(set.RuleID()));
-        readFileInfo(m_ruleItem, set);
-        if constexpr (isIdRule<Item>) {
-            m_ruleItem.SetAppName(set.AppName());
-            m_ruleItem.SetAppVersion(set.AppVersion());
-            m_ruleItem.SetAppCompany(set.AppCompany());
-        } else {
-            m_ruleItem.SetComment(set.Comment());
-        }
+        SYRuleItemReader::Read(m_ruleItem, set);
         return 1;
     } catch (const CException& exception) {
         SYExReport(exception, nullptr);
