@@ -105,7 +105,7 @@ template <class Dialog, class Item> void SYSWRuleConfigPage::EditRuleWith(int ro
         replaced != -1 ? dynamic_cast<SYSWRuleItem*>(m_ruleArray->GetAt(replaced)) : nullptr;
     Item* target = old;
     if (old == nullptr && existing == nullptr) {
-        target = m_ruleArray->Add(std::make_unique<Item>(m_ruleArray));
+        target = m_ruleArray->Add(std::make_unique<Item>());
         target->SetItemStatus(ItemStatusNew);
         slot = m_ruleArray->GetSize() - 1;
         row = -1;
@@ -116,7 +116,7 @@ template <class Dialog, class Item> void SYSWRuleConfigPage::EditRuleWith(int ro
         if (target == nullptr) {
             if (sheet != nullptr)
                 sheet->RemoveRuleFromPage(replaced, existing->RuleType());
-            auto fresh = std::make_unique<Item>(m_ruleArray);
+            auto fresh = std::make_unique<Item>();
             fresh->SetItemStatus(existing->ItemStatus());
             target = fresh.get();
             m_ruleArray->SetAt(replaced, fresh.release());

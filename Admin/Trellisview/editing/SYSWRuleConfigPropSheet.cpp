@@ -35,7 +35,6 @@ int SYSWRuleConfigPropSheet::LoadData() {
         set.Open();
         for (; !set.IsEOF(); set.MoveNext()) {
             std::unique_ptr<SYSWRuleItem> rule = SYRuleItemReader::Read(set);
-            rule->SetArray(&m_ruleArray);
             m_ruleArray.Add(std::move(rule));
         }
     } catch (const CException& exception) {
