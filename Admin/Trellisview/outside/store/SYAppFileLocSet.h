@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "outside/store/SYRecordset.h"
+
+// The places where files of inventory 0 or 1 lie: one row per file, client and folder.
+// JoinMachines adds the client's name and user (a PC or a Windows CE device).
+class SYAppFileLocSet : public SYRecordset {
+public:
+    using SYRecordset::SYRecordset;
+
+    void FilterForFileID(unsigned long fileID) { m_fileID = fileID; }
+    void JoinMachines() { m_joinMachines = true; }
+    // By client name, keeping the rows of one client together, then by folder.
+    void SortByMachineAndLocation() { m_sorted = true; }
+
+    unsigned long MachineID() const;
+    std::string MachineName() const;
+    std::string MachineUser() const;
+    std::string Location() const;
+
+protected:
+    void BuildQuery(SYSelect& select) const override;
+
+private:
+    std::optional<unsigned long> m_fileID;
+    bool m_joinMachines = false;
+    bool m_sorted = false;
+};
