@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "navigation/SYTextFormat.h"
 #include "outside/framework/SYListItemArray.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYStringTable.h"
+#include "outside/services/SYTextFormat.h"
 #include "outside/widgets/SYFontMetrics.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYPeDataLabeledList.h"

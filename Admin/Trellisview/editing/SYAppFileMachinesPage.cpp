@@ -1,11 +1,11 @@
 #include "editing/SYAppFileMachinesPage.h"
 
 #include "editing/SYAppFilePropSheet.h"
-#include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
+#include "outside/services/SYTextFormat.h"
 #include "outside/store/SYAppFileLocSet.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYFontMetrics.h"

@@ -1,7 +1,7 @@
 #include "editing/SYAppFilePropSheet.h"
 
-#include "navigation/SYTextFormat.h"
 #include "outside/services/SYStringTable.h"
+#include "outside/services/SYTextFormat.h"
 #include "resources/SYResourceIds.h"
 
 SYAppFilePropSheet::SYAppFilePropSheet(SYWnd* parent) : SYAdminPropSheet("", parent) {}

@@ -3,7 +3,6 @@
 #include <type_traits>
 
 #include "editing/SYRuleItemReader.h"
-#include "navigation/SYTextFormat.h"
 #include "outside/framework/CException.h"
 #include "outside/framework/SYListItemArray.h"
 #include "outside/framework/SYStatus.h"
@@ -12,6 +11,7 @@
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
+#include "outside/services/SYTextFormat.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYAppNames.h"
 #include "outside/store/SYSWRuleSet.h"
