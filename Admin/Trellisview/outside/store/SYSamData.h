@@ -32,7 +32,12 @@ struct _SYSAM_RULE_DATA {
 class SYSamData : public SYSWInvObject {
 public:
     using SYRULE_SOURCE = SYRuleSource;
-    using enum SYRuleSource;
+    // Spelled out rather than brought in with a using-enum, which g++ 12 cannot expand
+    // inside templates.
+    static constexpr SYRuleSource RuleSourceNone = ::RuleSourceNone;
+    static constexpr SYRuleSource RuleSourceUser = ::RuleSourceUser;
+    static constexpr SYRuleSource RuleSourceSystem = ::RuleSourceSystem;
+    static constexpr SYRuleSource RuleSourceVersionInfo = ::RuleSourceVersionInfo;
 
     // Name of the system rules database inside the installation folder.
     static constexpr const char* SystemRulesFileName = "SystemRules.db";
