@@ -9,12 +9,14 @@
 #include "navigation/SYInvListCtrl.h"
 #include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYStringTable.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventorySummary.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYWnd.h"
+#include "resources/SYResourceIds.h"
 #include "rules/SYAppFile.h"
 #include "rules/SYAppFileItem.h"
 #include "rules/SYCompanyItem.h"
@@ -62,7 +64,9 @@ private:
     SYInvListCtrl m_list;
 };
 
-std::string companyOf(SYInvListCtrl& list, const std::string& name, const std::string& database) {
+std::string companyOf(SYInvListCtrl& list, unsigned char platform, const std::string& name,
+                      const std::string& database) {
+    list.SetCompanyListMode(platform);
     list.BuildCompanies();
     for (int i = 0; i < list.Data().GetSize(); ++i) {
         const auto* company = static_cast<const SYCompanyItem*>(list.Data()[i]);
@@ -73,31 +77,52 @@ std::string companyOf(SYInvListCtrl& list, const std::string& name, const std::s
     throw SYCliError(SYCliError::StoreFailed, database + ": no company \"" + name + "\"");
 }
 
-bool fillMode(SYInvListCtrl& list, const std::string& mode, unsigned char platform,
-              const std::string& company, const std::string& database) {
-    if (mode == "companies") {
-        list.SetCompanyListMode(platform);
-        list.BuildCompanies();
-    } else if (mode == "apps") {
-        list.SetAppListMode(platform);
-        const std::string internal = companyOf(list, company, database);
-        list.BuildAppList(internal);
-    } else if (mode == "palm") {
-        list.SetPalmAppListMode();
-        list.BuildPalmAppList();
-    } else if (mode == "rim") {
-        list.SetRIMAppListMode();
-        list.BuildRIMAppList();
-    } else if (mode == "unidentified") {
-        list.SetUnidFilesMode(platform);
-        list.BuildUnidFiles();
-    } else if (mode == "ignored") {
-        list.SetExcludedFilesMode(platform);
-        list.BuildExcludes();
-    } else {
-        return false;
+struct ListMode {
+    const char* word;
+    int title;   // the print title on Windows PCs and on handhelds
+    int ceTitle; // on Windows CE
+    void (*fill)(SYInvListCtrl& list, unsigned char platform, const std::string& company);
+};
+
+const std::array<ListMode, 6> kListModes{{
+    {"companies", IDS_TITLE_COMPANY_LIST, IDS_TITLE_PPC_COMPANY_LIST,
+     [](SYInvListCtrl& list, unsigned char platform, const std::string&) {
+         list.SetCompanyListMode(platform);
+         list.BuildCompanies();
+     }},
+    {"apps", IDS_TITLE_COMPANY_APPS, IDS_TITLE_PPC_COMPANY_APPS,
+     [](SYInvListCtrl& list, unsigned char platform, const std::string& company) {
+         list.SetAppListMode(platform);
+         list.BuildAppList(company);
+     }},
+    {"palm", IDS_TITLE_PALM_APP_LIST, IDS_TITLE_PALM_APP_LIST,
+     [](SYInvListCtrl& list, unsigned char, const std::string&) {
+         list.SetPalmAppListMode();
+         list.BuildPalmAppList();
+     }},
+    {"rim", IDS_TITLE_RIM_APP_LIST, IDS_TITLE_RIM_APP_LIST,
+     [](SYInvListCtrl& list, unsigned char, const std::string&) {
+         list.SetRIMAppListMode();
+         list.BuildRIMAppList();
+     }},
+    {"unidentified", IDS_TITLE_UNID_FILES, IDS_TITLE_PPC_UNID_FILES,
+     [](SYInvListCtrl& list, unsigned char platform, const std::string&) {
+         list.SetUnidFilesMode(platform);
+         list.BuildUnidFiles();
+     }},
+    {"ignored", IDS_TITLE_IGNORED_FILES, IDS_TITLE_PPC_IGNORED_FILES,
+     [](SYInvListCtrl& list, unsigned char platform, const std::string&) {
+         list.SetExcludedFilesMode(platform);
+         list.BuildExcludes();
+     }},
+}};
+
+const ListMode& listMode(const std::string& word) {
+    for (const ListMode& mode : kListModes) {
+        if (word == mode.word)
+            return mode;
     }
-    return true;
+    throw SYCliError(SYCliError::BadUsage, "list: unknown mode \"" + word + "\"");
 }
 
 void sortList(SYInvListCtrl& list, const std::string& sort) {
@@ -254,12 +279,16 @@ SYCliDocument SYCliViews::List(const std::string& mode, unsigned char platform,
                                const std::string& company, const std::string& sort) {
     ListView view(m_database);
     SYInvListCtrl& list = view.List();
-    if (!fillMode(list, mode, platform, company, m_database.Path()))
-        throw SYCliError(SYCliError::BadUsage, "list: unknown mode \"" + mode + "\"");
+    const ListMode& shown = listMode(mode);
+    const std::string internal =
+        mode == "apps" ? companyOf(list, platform, company, m_database.Path()) : std::string();
+    shown.fill(list, platform, internal);
     sortList(list, sort);
 
-    SYCliDocument document(mode);
-    SYCliTable table("rows", mode);
+    const std::string heading =
+        SYStringTable::Get(platform == InvDataPPC ? shown.ceTitle : shown.title);
+    SYCliDocument document(heading);
+    SYCliTable table("rows", heading);
     table.AddColumn("Id", "id");
     for (int column = 0; column < list.GetColumnCount(); ++column) {
         const std::string title = list.GetColumnTitle(column);
