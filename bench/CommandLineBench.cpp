@@ -77,6 +77,7 @@ int identify(bool commit, std::uint32_t* ruleID = nullptr) {
     Estate& e = estate();
     SYRuleChangeReport report;
     report.AddName(e.name);
+    report.SetInstallPath(e.install);
     SYSWRule engine;
     engine.Database = &e.db;
     engine.SetInstallPath(e.install);

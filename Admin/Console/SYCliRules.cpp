@@ -15,7 +15,6 @@
 #include "outside/store/SYAppSet.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYRuleChangeReport.h"
-#include "outside/store/SYSamData.h"
 #include "resources/SYResourceIds.h"
 #include "rules/SYIdRuleItem.h"
 #include "rules/SYIgnoreRuleItem.h"
@@ -166,11 +165,7 @@ SYCliDocument SYCliRules::Apply(SYRuleChangeReport& report,
     engine.Database = &m_database;
     engine.InvDataType = m_settings.platform;
     engine.SetInstallPath(m_settings.installPath);
-    // The system rules can be attached only outside a transaction: here, before it begins,
-    // the way UpdateSamData attaches them, which then finds them in place.
-    SYSamData sam(m_database);
-    sam.InvDataType = m_settings.platform;
-    sam.EstablishSystemRulesDb(m_settings.installPath);
+    report.SetInstallPath(m_settings.installPath);
     const bool done = report.Run(m_database, m_settings.platform, !m_settings.dryRun, [&] {
         if (!write(engine))
             return false;

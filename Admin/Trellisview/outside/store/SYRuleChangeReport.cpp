@@ -4,6 +4,7 @@
 
 #include "outside/store/SYAppSet.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYSamData.h"
 #include "outside/store/SYTransaction.h"
 
 namespace {
@@ -27,6 +28,11 @@ const char* const kClientsSql = "SELECT DISTINCT MachineID FROM FileLocations WH
 
 bool SYRuleChangeReport::Run(SYDatabase& database, unsigned char invDataType, bool commit,
                              const std::function<bool()>& write) {
+    // System rules can be attached only outside a transaction: here, the way the apply
+    // attaches them, so that it finds them in place.
+    SYSamData sam(database);
+    sam.InvDataType = invDataType;
+    sam.EstablishSystemRulesDb(m_installPath);
     SYTransaction transaction(database);
     const Snapshot before = Take(database, invDataType);
     if (!write())

@@ -26,6 +26,8 @@ public:
 
     // The file names the write concerns; the apply only reclassifies files of these names.
     void AddName(const std::string& name) { m_names.insert(name); }
+    // The installation folder whose system rules the apply consults (see SYSamData).
+    void SetInstallPath(const std::string& path) { m_installPath = path; }
     // write runs the change and its apply; false means it failed and nothing is kept.
     // Gives write's result; commits only when it succeeded and commit is set. Store
     // failures pass to the caller, with the transaction undone.
@@ -58,6 +60,7 @@ private:
     void Compare(SYDatabase& database, const Snapshot& before, const Snapshot& after);
     void NameApps(SYDatabase& database, unsigned char invDataType);
 
+    std::string m_installPath;
     std::set<std::string> m_names;
     int m_files = 0;
     int m_clients = 0;
