@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "SYCliDetails.h"
 #include "SYCliDocument.h"
 #include "SYCliError.h"
 #include "SYCliInventory.h"
@@ -146,6 +147,18 @@ private:
                 [this](SYDatabase& db) { return SYCliViews(db).File(m_args.id, PlatformType()); });
         file->add_option("FILE_ID", a.id, "the file's id")->required();
         Platform(file, {"pc", "ce"});
+        auto* app =
+            Add(m_app, "app", "an application: totals, its files, one row per installation",
+                [this](SYDatabase& db) { return SYCliDetails(db).App(m_args.id, PlatformType()); });
+        app->add_option("ID", a.id, "the application's id")->required();
+        Platform(app, {"pc", "ce", "palm", "rim"});
+        auto* installation =
+            Add(m_app, "installation", "the details of one installation", [this](SYDatabase& db) {
+                return SYCliDetails(db).Installation(m_args.id, m_args.id2, PlatformType());
+            });
+        installation->add_option("CLIENT_ID", a.id, "the client's id")->required();
+        installation->add_option("INSTALLATION_ID", a.id2, "the installation's id")->required();
+        Platform(installation, {"pc", "ce", "palm", "rim"});
     }
 
     void RuleCommands() {

@@ -207,6 +207,17 @@ TEST_F(CommandLineTest, IdentifyingAnUnidentifiedFileFromPreviewToWrite) {
     const json apps = Json({"list", "apps", "--company", "Road Works"});
     ASSERT_EQ(apps.size(), 1u);
     EXPECT_EQ(apps[0]["name"], "Road Tool");
+    // The new application holds exactly what the report said it gained.
+    const json app = Json({"app", std::to_string(apps[0]["id"].get<int>())});
+    EXPECT_EQ(app["total_clients"], done["clients"]);
+    EXPECT_EQ(app["total_installations"], done["applications"][0]["gained"]);
+    EXPECT_EQ(app["files"].size(), done["files"].get<std::size_t>());
+    const json& first = app["clients"][0];
+    const json installation = Json({"installation", std::to_string(first["client_id"].get<int>()),
+                                    std::to_string(first["installation_id"].get<int>())});
+    EXPECT_EQ(installation["location"], first["location"]);
+    EXPECT_EQ(installation["name"], "Road Tool");
+    EXPECT_FALSE(installation["files"].empty());
     const json verdict = Json({"file", std::to_string(before[0]["id"].get<int>())});
     EXPECT_EQ(verdict["state"], "user_identified");
     EXPECT_EQ(verdict["rule_id"], done["id"]);
@@ -272,6 +283,7 @@ TEST_F(CommandLineTest, EachErrorHasItsExitCodeAndLeavesTheFileAlone) {
         {{"list", "unidentified", "--colour"}, 2, "--colour"},
         {{"rules", "ignore", "x.dll", "--time", "yesterday"}, 2, "yesterday"},
         {{"file", "999999"}, 1, "999999"},
+        {{"app", "999999", "--platform", "palm"}, 1, "999999"},
         {{"rules", "remove", "999999"}, 1, "999999"},
         {{"rules", "ignore", "*.tmp"}, 3, "Wildcard"},
         {{"rules", "ignore", "  "}, 3, "file name"},

@@ -13,12 +13,13 @@ const char* const kVerdictSql =
     "SELECT FileID, FileState, AppID FROM Files WHERE InvDataType = ? AND FileName = ?";
 
 // Every installation in a folder that holds a file of the name: only there can a change of
-// that file's application start or end one.
+// that file's application start or end one. CROSS JOIN keeps the join in this order, from
+// the few files of the name outwards; the planner would otherwise start from all files.
 const char* const kInstallationSql =
     "SELECT DISTINCT o.AppID, n.MachineID, n.Location FROM Files nf "
-    "JOIN FileLocations n ON n.FileID = nf.FileID "
-    "JOIN FileLocations ol ON ol.MachineID = n.MachineID AND ol.Location = n.Location "
-    "JOIN Files o ON o.FileID = ol.FileID "
+    "CROSS JOIN FileLocations n ON n.FileID = nf.FileID "
+    "CROSS JOIN FileLocations ol ON ol.MachineID = n.MachineID AND ol.Location = n.Location "
+    "CROSS JOIN Files o ON o.FileID = ol.FileID "
     "WHERE nf.InvDataType = ? AND nf.FileName = ? AND o.InvDataType = nf.InvDataType "
     "AND o.AppID <> 0";
 
