@@ -157,7 +157,9 @@ std::vector<Cell> rowOf(const SYInvListCtrl& list, int row) {
         cells = {SYCliTable::Id(app->AppID()), SYCliTable::Text(app->AppName()),
                  SYCliTable::Text(app->AppVersion())};
     } else if (const auto* company = dynamic_cast<const SYCompanyItem*>(record)) {
-        cells = {SYCliTable::Text(company->InternalName()), SYCliTable::Text({})};
+        // A company's name is the list's text, "(No Company)" included.
+        return {SYCliTable::Text(company->InternalName()),
+                SYCliTable::Text(list.GetItemText(row, 0))};
     }
     // What a person reads is the list's own cell text.
     for (int column = 0; column < list.GetColumnCount(); ++column) {
@@ -165,8 +167,6 @@ std::vector<Cell> rowOf(const SYInvListCtrl& list, int row) {
         if (index < cells.size())
             cells[index].shown = list.GetItemText(row, column);
     }
-    if (cells.size() == 2 && dynamic_cast<const SYCompanyItem*>(record) != nullptr)
-        cells[1].value = cells[1].shown;
     return cells;
 }
 

@@ -30,6 +30,15 @@ namespace {
 
 constexpr const char* kVersion = "trellisview 0.13.0";
 
+// Writes a whole file; a failure names it.
+template <class Writer> void writeFile(const std::string& path, Writer writer) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    if (out)
+        writer(out);
+    if (!out || !out.flush())
+        throw SYCliError(SYCliError::StoreFailed, path + ": cannot be written");
+}
+
 // Every value any command takes; each command binds the ones it has.
 struct Args {
     std::string db;
@@ -224,7 +233,7 @@ private:
                               [this](SYDatabase& db) {
                                   const SYCliDocument all =
                                       SYCliViews(db).Rules(PlatformType(), {}, false);
-                                  WriteFile(m_args.file, [&](std::ostream& out) {
+                                  writeFile(m_args.file, [&](std::ostream& out) {
                                       all.Write(out, SYCliDocument::Format::Csv);
                                   });
                                   return SYCliDocument();
@@ -295,15 +304,6 @@ private:
     CLI::App* m_export = nullptr;
     CLI::App* m_generate = nullptr;
     std::string m_exportKind;
-
-public:
-    template <class Writer> static void WriteFile(const std::string& path, Writer writer) {
-        std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        if (out)
-            writer(out);
-        if (!out || !out.flush())
-            throw SYCliError(SYCliError::StoreFailed, path + ": cannot be written");
-    }
 };
 
 // The command whose words were read last, for its usage.
@@ -361,17 +361,21 @@ int generate(const Args& args) {
     return 0;
 }
 
-// Parses the words of one command; 0 and a chosen command, or the exit code to end with.
+// What parse gives when it printed the help or the version: the run is over, and done.
+constexpr int kHandled = -1;
+
+// Parses the words of one command; 0 and a chosen command, kHandled, or the exit code to
+// end with.
 int parse(Builder& builder, std::vector<std::string> words) {
     std::reverse(words.begin(), words.end());
     try {
         builder.App().parse(words);
     } catch (const CLI::CallForHelp&) {
         std::cout << deepest(&builder.App())->help();
-        return -1;
+        return kHandled;
     } catch (const CLI::CallForVersion&) {
         std::cout << kVersion << '\n';
-        return -1;
+        return kHandled;
     } catch (const CLI::ParseError& e) {
         return usageError(builder.App(), e.what());
     }
@@ -397,7 +401,7 @@ int runExport(Builder& outer) {
     Builder inner;
     const int parsed = parse(inner, words);
     if (parsed != 0)
-        return parsed < 0 ? 0 : parsed;
+        return parsed == kHandled ? 0 : parsed;
     const Command* command = inner.Chosen();
     if (command == nullptr || !command->view)
         return usageError(outer.App(),
@@ -411,8 +415,8 @@ int runExport(Builder& outer) {
             throw SYCliError(SYCliError::StoreFailed, out + ": cannot be written as PDF");
         return 0;
     }
-    Builder::WriteFile(
-        out, [&](std::ostream& stream) { document.Write(stream, SYCliDocument::Format::Csv); });
+    writeFile(out,
+              [&](std::ostream& stream) { document.Write(stream, SYCliDocument::Format::Csv); });
     return 0;
 }
 
@@ -453,7 +457,7 @@ int SYCommandLine::Run(int argc, char** argv) {
     try {
         const int parsed = parse(builder, words);
         if (parsed != 0)
-            return parsed < 0 ? 0 : parsed;
+            return parsed == kHandled ? 0 : parsed;
         file = builder.Values().db.empty() ? SYCliInventory::DefaultPath() : builder.Values().db;
         return runChosen(builder);
     } catch (const SYCliError& e) {
