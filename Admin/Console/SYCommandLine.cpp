@@ -349,15 +349,28 @@ SYInventoryGenerator::Options profileOptions(const Args& args) {
     return options;
 }
 
+// A bar on stderr, redrawn when the percentage moves.
+void showProgress(int written, int total) {
+    constexpr int width = 40;
+    const int percent = written * 100 / total;
+    static int shown = -1;
+    if (percent == shown)
+        return;
+    shown = percent;
+    const int filled = percent * width / 100;
+    std::fprintf(stderr, "\r[%s%s] %3d%% %d/%d clients", std::string(filled, '#').c_str(),
+                 std::string(width - filled, ' ').c_str(), percent, written, total);
+    if (written == total)
+        std::fputc('\n', stderr);
+}
+
 int generate(const Args& args) {
-    const bool terminal = isatty(STDERR_FILENO) != 0;
-    if (terminal)
-        std::fprintf(stderr, "Generating %d clients into %s ...", args.clients, args.out.c_str());
+    SYInventoryGenerator::Options options = profileOptions(args);
+    if (isatty(STDERR_FILENO) != 0)
+        options.progress = showProgress;
     if (SYInventoryGenerator::CreateIfAbsent(args.out, SYCliInventory::InstallFolder(args.out),
-                                             profileOptions(args)) == 0)
+                                             options) == 0)
         throw SYCliError(SYCliError::StoreFailed, args.out + ": already exists");
-    if (terminal)
-        std::fprintf(stderr, " done\n");
     return 0;
 }
 
