@@ -2,7 +2,8 @@
 # Installs the Debian packages the build and tests need, when any is missing.
 set -euo pipefail
 packages=(g++ cmake ninja-build pkg-config ccache clang-format python3 libsqlite3-dev libgtest-dev
-          libbenchmark-dev libncurses-dev libcairo2-dev poppler-utils tmux)
+          libbenchmark-dev libncurses-dev libcairo2-dev poppler-utils tmux libcli11-dev
+          nlohmann-json3-dev)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string>
 
+#include "SYCommandLine.h"
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryGenerator.h"
@@ -37,6 +38,8 @@ int usage(const char* program) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (SYCommandLine::Wants(argc, argv))
+        return SYCommandLine::Run(argc, argv);
     std::filesystem::path database = defaultDatabase();
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];

@@ -399,6 +399,8 @@ void SYInventoryGenerator::Generate(SYDatabase& database, const std::string& ins
             WritePalmDevice(writer, index);
         else
             WriteRIMDevice(writer, index);
+        if (m_options.progress)
+            m_options.progress(index + 1, m_options.clients);
     }
     WriteUserRules(writer);
     const unsigned long retired = writer.AddUserRule(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 
@@ -25,6 +26,8 @@ public:
         // applications, and every PC (and Windows CE device) holds a few of them. 0 keeps
         // the small catalogue alone.
         int tailVendors = 0;
+        // Told after each client written, with the count so far and the total; may be empty.
+        std::function<void(int written, int total)> progress;
     };
 
     // The embedded demo inventory the console opens by default.
