@@ -100,8 +100,8 @@ void upgradeFrom(int version, const std::string& oldInstallations) {
             db.Open(path);
         } catch (const CDBException&) {
             ++failures;
-            EXPECT_EQ(kindAndVersion(path), (version == 1 ? "table " : "view ") +
-                                                std::to_string(version))
+            EXPECT_EQ(kindAndVersion(path),
+                      (version == 1 ? "table " : "view ") + std::to_string(version))
                 << "failure at statement " << nth;
             continue;
         }

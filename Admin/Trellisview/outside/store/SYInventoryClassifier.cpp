@@ -170,7 +170,9 @@ void SYInventoryClassifier::MoveInstallations(unsigned long fileID, unsigned lon
                                               unsigned long toAppID) {
     const auto run = [&](const char* sql, unsigned long appID) {
         auto statement = m_database.Cached(sql);
-        statement->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(appID)).Bind(3, toInt(fileID));
+        statement->Bind(1, std::int64_t{m_invDataType})
+            .Bind(2, toInt(appID))
+            .Bind(3, toInt(fileID));
         statement->Execute();
     };
     if (toAppID != 0)

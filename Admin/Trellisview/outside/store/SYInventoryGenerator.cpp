@@ -244,8 +244,8 @@ SYScanFile catalogueFile(int app, int version, int j) {
     const std::uint64_t size = 50000 + static_cast<std::uint64_t>(app) * 3001 +
                                static_cast<std::uint64_t>(j) * 577 +
                                static_cast<std::uint64_t>(version) * 97;
-    const std::int32_t time = buildTime(300 + static_cast<std::size_t>(app),
-                                        static_cast<std::size_t>(version));
+    const std::int32_t time =
+        buildTime(300 + static_cast<std::size_t>(app), static_cast<std::size_t>(version));
     if (j >= 2)
         return {stem + numbered("m%02d.dll", j), size, time, "", "", ""};
     return {stem + (j == 0 ? ".exe" : "core.dll"),
@@ -327,8 +327,8 @@ void SYInventoryGenerator::WriteEstateSystemRules(SYSystemRulesWriter& rules) {
             const std::string number = numbered("%d.0", version + 1);
             for (int j = 2; j < catalogueFileCount(app); ++j) {
                 const SYScanFile module = catalogueFile(app, version, j);
-                SYRuleRow row = identify(0, module.name, catalogueName(app).c_str(),
-                                         number.c_str(), company.c_str());
+                SYRuleRow row = identify(0, module.name, catalogueName(app).c_str(), number.c_str(),
+                                         company.c_str());
                 row.size = module.size;
                 rules.AddRule(row);
             }
@@ -404,8 +404,8 @@ void SYInventoryGenerator::WriteEstateUserRules(SYInventoryWriter& writer,
         default: {
             const int app = (i * 3) % kCatalogueApps / 3 * 3;
             const std::string company = catalogueCompany(app % kCatalogueVendors, 1);
-            row = identify(0, catalogueFile(app, 0, 2 + i % 2).name, catalogueName(app).c_str(),
-                           "", company.c_str());
+            row = identify(0, catalogueFile(app, 0, 2 + i % 2).name, catalogueName(app).c_str(), "",
+                           company.c_str());
         }
         }
         const unsigned long id = writer.AddUserRule(row);
