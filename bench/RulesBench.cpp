@@ -311,6 +311,10 @@ void BM_AddIdRuleOnEveryPCVsRaw(benchmark::State& state) {
 
 BENCHMARK(BM_AppFileLoadData)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_AppFileLoadDataRawSQLite)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_AddIdRuleOnEveryPCVsRaw)->Arg(10000)->Iterations(20)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AddIdRuleOnEveryPCVsRaw)
+    ->Arg(10000)
+    ->Arg(50000)
+    ->Iterations(20)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
