@@ -102,8 +102,10 @@ std::string numbered(const char* format, int number) {
     return text;
 }
 
+// Builds fall within twenty years after kBuildBase, however many applications there are.
 std::int32_t buildTime(std::size_t app, std::size_t version) {
-    return kBuildBase + static_cast<std::int32_t>(app * 86400 * 37 + version * 86400 * 91 + 17);
+    const std::size_t days = (app * 37 + version * 91) % (20 * 365);
+    return kBuildBase + static_cast<std::int32_t>(days * 86400 + 17);
 }
 
 const char* spelling(const App& app, std::size_t version, std::size_t shift) {
