@@ -75,9 +75,8 @@ std::string kindAndVersion(const std::string& path) {
     return (kind.Step() ? kind.Text(0) : "none") + " " + (version.Step() ? version.Text(0) : "");
 }
 
-// Version 1 kept installations as rows of a table; opening such a store derives them from
-// the files instead, in one step that a failure leaves undone.
-TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
+void upgradeFrom(int version, const std::string& oldInstallations) {
+    SCOPED_TRACE("version " + std::to_string(version));
     TempDir dir;
     const std::string path = dir.File("old.db");
     {
@@ -88,11 +87,10 @@ TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
         writer.AddFile(0, pc, "C:\\Tool", {"tool.exe", 1, 60, "Tool", "1", "Acme"});
         writer.AddFile(0, pc, "C:\\Tool", {"tool.dll", 1, 60, "Tool", "1", "Acme"});
         writer.Commit();
-        db.Exec("DROP VIEW Installations; DROP INDEX SWRulesActiveByName; CREATE TABLE "
-                "Installations (InstallationID INTEGER PRIMARY KEY, InvDataType INTEGER NOT "
-                "NULL, AppID INTEGER NOT NULL, MachineID INTEGER NOT NULL, Location TEXT NOT "
-                "NULL); INSERT INTO Installations VALUES (7, 0, 1, 1, 'C:\\Tool'), (8, 0, 99, 1, "
-                "'C:\\Stale'); PRAGMA user_version = 1");
+        // Location ids apart from the ids the writer gave, to tell which the upgrade keeps.
+        db.Exec("UPDATE FileLocations SET LocationID = LocationID + 40; DROP TABLE "
+                "Installations; DROP INDEX SWRulesActiveByName; " +
+                oldInstallations + "; PRAGMA user_version = " + std::to_string(version));
     }
     int failures = 0;
     for (int nth = 1; nth < 50; ++nth) {
@@ -102,14 +100,16 @@ TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
             db.Open(path);
         } catch (const CDBException&) {
             ++failures;
-            EXPECT_EQ(kindAndVersion(path), "table 1") << "failure at statement " << nth;
+            EXPECT_EQ(kindAndVersion(path),
+                      (version == 1 ? "table " : "view ") + std::to_string(version))
+                << "failure at statement " << nth;
             continue;
         }
         db.ClearFault();
-        EXPECT_EQ(kindAndVersion(path), "view 2");
+        EXPECT_EQ(kindAndVersion(path), "table 3");
         SYStatement rows(db, "SELECT InstallationID, Location FROM Installations");
         ASSERT_TRUE(rows.Step());
-        EXPECT_EQ(rows.Int64(0), 1); // the lowest location of the application there
+        EXPECT_EQ(rows.Int64(0), 41); // the lowest location of the application there
         EXPECT_EQ(rows.Text(1), "C:\\Tool");
         EXPECT_FALSE(rows.Step());
         EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM sqlite_master WHERE name = "
@@ -123,6 +123,27 @@ TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
     }
     EXPECT_GT(failures, 2);
     EXPECT_THROW(SYDatabase().Create(path), CDBException);
+}
+
+// Version 1 kept installations in a table its writers let go stale, version 2 derived them
+// in a view; opening either makes the table again from the files, in one step that a
+// failure leaves undone.
+TEST(SYDatabase, CreatedStoreOfVersion1Or2OpensUpgradedInWalMode) {
+    const struct {
+        int version;
+        const char* oldInstallations;
+    } olds[] = {
+        {1, "CREATE TABLE Installations (InstallationID INTEGER PRIMARY KEY, InvDataType "
+            "INTEGER NOT NULL, AppID INTEGER NOT NULL, MachineID INTEGER NOT NULL, Location "
+            "TEXT NOT NULL); INSERT INTO Installations VALUES (7, 0, 1, 1, 'C:\\Tool'), (8, "
+            "0, 99, 1, 'C:\\Stale')"},
+        {2, "CREATE VIEW Installations AS SELECT MIN(l.LocationID) AS InstallationID, "
+            "f.InvDataType AS InvDataType, f.AppID AS AppID, l.MachineID AS MachineID, "
+            "l.Location AS Location FROM Files f JOIN FileLocations l ON l.FileID = f.FileID "
+            "WHERE f.AppID <> 0 GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location"},
+    };
+    for (const auto& old : olds)
+        upgradeFrom(old.version, old.oldInstallations);
 }
 
 TEST(SYTransaction, OnlyCommittedWorkStaysAndInnerOnesUndoAlone) {

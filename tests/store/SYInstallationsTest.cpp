@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <string>
@@ -27,14 +28,17 @@ std::set<std::string> filesOf(SYDatabase& db, unsigned long machine, unsigned lo
     return names;
 }
 
-TEST_F(Installations, OnePerFolderNamedByItsLowestLocationWhateverTheCompanySpelling) {
+unsigned long highest(const std::map<std::string, unsigned long>& installations) {
+    unsigned long id = 0;
+    for (const auto& [place, installation] : installations)
+        id = std::max(id, installation);
+    return id;
+}
+
+TEST_F(Installations, OnePerFolderWhateverTheCompanySpelling) {
     EXPECT_EQ(AppOf(helperID), toolApp);
-    const std::map<std::string, unsigned long> expected = {
-        {"pc-1 C:\\Tool", Location(pc1, "C:\\Tool", "tool.exe")},
-        {"pc-2 C:\\Tool", Location(pc2, "C:\\Tool", "toolhelp.dll")},
-        {"pc-2 D:\\Other", Location(pc2, "D:\\Other", "tool.exe")},
-    };
-    EXPECT_EQ(InstallationsOf(toolApp), expected);
+    EXPECT_EQ(Places(toolApp),
+              (std::vector<std::string>{"pc-1 C:\\Tool", "pc-2 C:\\Tool", "pc-2 D:\\Other"}));
 }
 
 TEST_F(Installations, ClientAndIdFindTheFilesOfOneInstallation) {
@@ -51,28 +55,43 @@ TEST_F(Installations, ClientAndIdFindTheFilesOfOneInstallation) {
         {"by id alone", 0, onPc2, both},
         {"the other folder", pc2, installs.at("pc-2 D:\\Other"), {"tool.exe"}},
         {"an installation of another client", pc1, onPc2, {}},
-        {"a later location of the installation", pc2, Location(pc2, "C:\\Tool", "tool.exe"), {}},
-        {"a file of no application", pc1, Location(pc1, "C:\\Tool", "readme.txt"), {}},
+        {"an id no installation has", 0, highest(installs) + 1, {}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(filesOf(db, c.machine, c.installation), c.files) << c.what;
 }
 
-TEST_F(Installations, IdsMoveOnlyWhereTheApplicationsFilesChange) {
+// tool.exe is Tool's first file everywhere; rules that take it and then toolhelp.dll away
+// must leave each remaining installation its id and never hand out an ended one again.
+TEST_F(Installations, KeepTheirIdsWhileTheApplicationKeepsAFileThere) {
     const auto before = InstallationsOf(toolApp);
-    // readme.txt lies above tool.exe on pc-1: joining Tool leaves the id as it was.
-    Apply(0, "readme.txt", "tool", "acme corporation", "1.0");
-    EXPECT_EQ(AppOf(readmeID), toolApp);
-    EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM Applications"), 1);
-    EXPECT_EQ(InstallationsOf(toolApp), before);
-    EXPECT_EQ(filesOf(db, pc1, before.at("pc-1 C:\\Tool")),
-              (std::set<std::string>{"readme.txt", "tool.exe", "toolhelp.dll"}));
-    // On pc-2 toolhelp.dll named the installation; ignoring it hands the name on.
-    Apply(1, "toolhelp.dll");
-    auto after = before;
-    after["pc-2 C:\\Tool"] = Location(pc2, "C:\\Tool", "tool.exe");
-    EXPECT_EQ(InstallationsOf(toolApp), after);
-    EXPECT_TRUE(filesOf(db, pc2, before.at("pc-2 C:\\Tool")).empty());
+    Apply(0, "tool.exe", "Other", "Beta", "2.0");
+    const auto other = AppOf(toolID);
+    auto kept = before;
+    kept.erase("pc-2 D:\\Other");
+    EXPECT_EQ(InstallationsOf(toolApp), kept);
+    EXPECT_EQ(filesOf(db, 0, before.at("pc-1 C:\\Tool")), std::set<std::string>{"toolhelp.dll"});
+    EXPECT_TRUE(filesOf(db, 0, before.at("pc-2 D:\\Other")).empty());
+    const auto others = InstallationsOf(other);
+    EXPECT_EQ(Places(other),
+              (std::vector<std::string>{"pc-1 C:\\Tool", "pc-2 C:\\Tool", "pc-2 D:\\Other"}));
+    for (const auto& [place, id] : others) {
+        EXPECT_GT(id, highest(before)) << place;
+        EXPECT_EQ(filesOf(db, 0, id), std::set<std::string>{"tool.exe"}) << place;
+    }
+
+    Apply(1, "tool.exe");
+    EXPECT_TRUE(InstallationsOf(other).empty());
+    EXPECT_EQ(Installed(other), 0);
+    EXPECT_EQ(InstallationsOf(toolApp), kept);
+
+    Apply(0, "toolhelp.dll", "Third", "Gamma", "1.0");
+    EXPECT_TRUE(InstallationsOf(toolApp).empty());
+    EXPECT_EQ(Installed(toolApp), 0);
+    const auto third = InstallationsOf(AppOf(helperID));
+    EXPECT_EQ(third.size(), 2U);
+    for (const auto& [place, id] : third)
+        EXPECT_GT(id, highest(others)) << place;
 }
 
 TEST_F(Installations, JoinedRowsTellPlaceApplicationAndInstallationOfTheirInventory) {
@@ -98,17 +117,19 @@ TEST_F(Installations, JoinedRowsTellPlaceApplicationAndInstallationOfTheirInvent
     EXPECT_EQ(rows(1, ce, true), std::vector<std::string>{"readme.txt \\Windows  0"});
 }
 
-// Reads through the view must reach Files and FileLocations by index, never scan them;
-// active rules are found past retired ones.
+// Installations are read by application, id or client through their own indexes; active
+// rules are found past retired ones.
 TEST(SYInventorySchema, ReadsUseTheirIndexes) {
     SYDatabase db;
     db.OpenMemory();
     const std::pair<const char*, std::vector<const char*>> reads[] = {
         {"SELECT i.InstallationID, m.MachineName, i.Location FROM Installations i JOIN Machines "
          "m ON m.MachineID = i.MachineID WHERE i.InvDataType = 0 AND i.AppID = 1",
-         {"(InvDataType=? AND AppID=?)", "(FileID=?)"}},
-        {"SELECT * FROM Installations WHERE MachineID = 2 AND InstallationID = 3",
-         {"(MachineID=?)"}},
+         {"InstallationsByApp (InvDataType=? AND AppID=?)"}},
+        {"SELECT COUNT(*) FROM Installations WHERE InvDataType = 0 AND AppID = 1",
+         {"InstallationsByApp (InvDataType=? AND AppID=?)"}},
+        {"SELECT * FROM Installations WHERE InstallationID = 3", {"(rowid=?)"}},
+        {"SELECT * FROM Installations WHERE MachineID = 2", {"InstallationsByMachine"}},
         {"SELECT RuleID FROM SWRules WHERE InvDataType = 0 AND FileName = 'a.dll' AND "
          "RuleState <> 3",
          {"SWRulesActiveByName (InvDataType=? AND FileName=?)"}},
@@ -118,7 +139,7 @@ TEST(SYInventorySchema, ReadsUseTheirIndexes) {
         std::string steps;
         while (plan.Step())
             steps += plan.Text(3) + "\n";
-        for (const char* scan : {"SCAN f\n", "SCAN l\n", "SCAN f ", "SCAN l "})
+        for (const char* scan : {"SCAN f", "SCAN l", "SCAN i", "SCAN Installations"})
             EXPECT_EQ(steps.find(scan), std::string::npos) << read << "\n" << steps;
         for (const char* search : searches)
             EXPECT_NE(steps.find(search), std::string::npos) << read << "\n" << steps;

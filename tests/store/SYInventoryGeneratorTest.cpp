@@ -26,6 +26,15 @@ std::string generatedDump(const SYInventoryGenerator::Options& options) {
     return DumpStore(db);
 }
 
+// What the rule service and the writer keep must be what the files say.
+const char* const kStaleInstallations =
+    "SELECT COUNT(*) FROM (SELECT * FROM (SELECT DISTINCT f.InvDataType, f.AppID, l.MachineID, "
+    "l.Location FROM Files f JOIN FileLocations l ON l.FileID = f.FileID WHERE f.AppID <> 0 "
+    "EXCEPT SELECT InvDataType, AppID, MachineID, Location FROM Installations) UNION ALL "
+    "SELECT * FROM (SELECT InvDataType, AppID, MachineID, Location FROM Installations EXCEPT "
+    "SELECT f.InvDataType, f.AppID, l.MachineID, l.Location FROM Files f JOIN FileLocations l "
+    "ON l.FileID = f.FileID))";
+
 TEST(SYInventoryGenerator, SameOptionsSameInventoryOtherSeedAnother) {
     const std::string first = generatedDump(optionsOf(7, 60));
     EXPECT_EQ(generatedDump(optionsOf(7, 60)), first);
@@ -81,9 +90,41 @@ TEST(SYInventoryGenerator, CoversEveryPlatformAndKindOfVerdict) {
     for (const char* sql : present)
         EXPECT_GT(Scalar(db, sql), 0) << sql;
     EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM SWRules WHERE RuleState = 3"), 1);
+    EXPECT_EQ(Scalar(db, kStaleInstallations), 0);
     EXPECT_EQ(Scalar(db, "SELECT COUNT(DISTINCT AppCompanyInternal) BETWEEN 1 AND 4 FROM "
                          "Applications WHERE AppCompany LIKE 'Longtail%'"),
               1);
+}
+
+TEST(SYInventoryGenerator, RealisticEstateHasTheMakeUpOfARealOne) {
+    TempDir install;
+    SYDatabase db;
+    db.OpenMemory();
+    SYInventoryGenerator(SYInventoryGenerator::RealisticOptions(60, 5))
+        .Generate(db, install.Path());
+    const struct {
+        const char* what;
+        const char* sql;
+        long long low;
+        long long high;
+    } figures[] = {
+        {"files a PC",
+         "SELECT COUNT(*) / (SELECT COUNT(*) FROM Machines) FROM FileLocations l "
+         "JOIN Machines m ON m.MachineID = l.MachineID",
+         250, 400},
+        {"companies", "SELECT COUNT(DISTINCT AppCompanyInternal) FROM Applications", 60, 400},
+        {"retired user rules", "SELECT COUNT(*) FROM SWRules WHERE RuleState = 3", 100, 200},
+        {"active user rules", "SELECT COUNT(*) FROM SWRules WHERE RuleState = 1", 1500, 2000},
+        {"files decided by system rules", "SELECT COUNT(*) FROM Files WHERE RuleSource = 1", 50,
+         100000},
+        {"stale installations", kStaleInstallations, 0, 0},
+    };
+    for (const auto& f : figures) {
+        const auto value = Scalar(db, f.sql);
+        EXPECT_GE(value, f.low) << f.what;
+        EXPECT_LE(value, f.high) << f.what;
+    }
+    EXPECT_GT(Scalar(db, "SELECT COUNT(*) FROM sysrules.SystemRules"), 2000);
 }
 
 TEST(SYInventoryGenerator, CreatesADemoInventoryOnlyWhereNoneIs) {

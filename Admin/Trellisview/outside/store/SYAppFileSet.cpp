@@ -64,18 +64,10 @@ void SYAppFileSet::BuildQuery(SYSelect& select) const {
         select.Join("JOIN FileLocations l ON l.FileID = f.FileID");
     }
     if (m_installationID) {
-        // The installation's own location row names its client, folder and application;
-        // it must be the lowest of that application there to be the installation's id.
-        select.Join("JOIN FileLocations il JOIN Files itf ON itf.FileID = il.FileID");
-        select.Where("il.LocationID = ?",
+        select.Join("JOIN Installations i ON i.InvDataType = f.InvDataType AND i.AppID = "
+                    "f.AppID AND i.MachineID = l.MachineID AND i.Location = l.Location");
+        select.Where("i.InstallationID = ?",
                      std::int64_t{static_cast<std::int64_t>(*m_installationID)});
-        select.Where("itf.InvDataType = f.InvDataType AND itf.AppID <> 0 AND "
-                     "l.MachineID = il.MachineID AND l.Location = il.Location AND "
-                     "f.AppID = itf.AppID");
-        select.Where("NOT EXISTS (SELECT 1 FROM FileLocations p JOIN Files pf ON "
-                     "pf.FileID = p.FileID WHERE p.MachineID = il.MachineID AND "
-                     "p.Location = il.Location AND p.LocationID < il.LocationID AND "
-                     "pf.InvDataType = itf.InvDataType AND pf.AppID = itf.AppID)");
     }
     select.Columns(columns);
     select.Where("f.InvDataType = ?", std::int64_t{InvDataType});

@@ -14,11 +14,27 @@ const char* const kFilesByName =
 const char* const kUpdateVerdict = "UPDATE Files SET FileState = ?1, RuleID = ?2, RuleSource = ?3, "
                                    "AppID = ?4 WHERE FileID = ?5";
 
-// An application is installed while one of its files lies anywhere; EXISTS stops at the
-// first such file.
-const char* const kInstalledFlag =
-    " SET AppInstalled = EXISTS (SELECT 1 FROM Files f JOIN FileLocations l ON l.FileID = "
-    "f.FileID WHERE f.InvDataType = ?1 AND f.AppID = ?2) WHERE AppID = ?2";
+// An application is installed while it has an installation anywhere.
+const char* const kInstalledFlag = " SET AppInstalled = EXISTS (SELECT 1 FROM Installations "
+                                   "WHERE InvDataType = ?1 AND AppID = ?2) WHERE AppID = ?2";
+
+const char* const kAddInstallation = "INSERT OR IGNORE INTO Installations (InvDataType, AppID, "
+                                     "MachineID, Location) VALUES (?1, ?2, ?3, ?4)";
+
+// A file that joins an application makes its installation in every folder it lies in where
+// the application had none; the others keep theirs.
+const char* const kAddInstallationsOfFile =
+    "INSERT OR IGNORE INTO Installations (InvDataType, AppID, MachineID, Location) "
+    "SELECT ?1, ?2, MachineID, Location FROM FileLocations WHERE FileID = ?3";
+
+// A file that leaves an application ends the installations of the folders where it was the
+// application's last file. Runs after the file's verdict is stored.
+const char* const kEndInstallationsOfFile =
+    "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID FROM "
+    "FileLocations l JOIN Installations i ON i.InvDataType = ?1 AND i.AppID = ?2 AND "
+    "i.MachineID = l.MachineID AND i.Location = l.Location WHERE l.FileID = ?3 AND NOT EXISTS "
+    "(SELECT 1 FROM FileLocations o JOIN Files g ON g.FileID = o.FileID WHERE o.MachineID = "
+    "l.MachineID AND o.Location = l.Location AND g.InvDataType = ?1 AND g.AppID = ?2))";
 
 std::int64_t toInt(unsigned long value) {
     return static_cast<std::int64_t>(value);
@@ -76,7 +92,14 @@ unsigned long SYInventoryClassifier::FindOrCreateApp(const std::string& company,
     return appID;
 }
 
-void SYInventoryClassifier::MarkInstalled(unsigned long appID) {
+void SYInventoryClassifier::Install(unsigned long appID, unsigned long clientID,
+                                    const std::string& location) {
+    auto add = m_database.Cached(kAddInstallation);
+    add->Bind(1, std::int64_t{m_invDataType})
+        .Bind(2, toInt(appID))
+        .Bind(3, toInt(clientID))
+        .Bind(4, location);
+    add->Execute();
     if (!m_installedApps.insert(appID).second)
         return;
     auto mark = m_database.Cached("UPDATE " + m_appTable +
@@ -122,6 +145,7 @@ void SYInventoryClassifier::ReclassifyNames(const std::vector<std::string>& name
         StoreVerdict(row.fileID, stored);
         if (stored.appID == row.stored.appID)
             continue;
+        MoveInstallations(row.fileID, row.stored.appID, stored.appID);
         movedApps.insert(row.stored.appID);
         movedApps.insert(stored.appID);
     }
@@ -141,6 +165,21 @@ void SYInventoryClassifier::StoreVerdict(unsigned long fileID, const Stored& sto
         .Bind(4, toInt(stored.appID))
         .Bind(5, toInt(fileID));
     update->Execute();
+}
+
+void SYInventoryClassifier::MoveInstallations(unsigned long fileID, unsigned long fromAppID,
+                                              unsigned long toAppID) {
+    const auto run = [&](const char* sql, unsigned long appID) {
+        auto statement = m_database.Cached(sql);
+        statement->Bind(1, std::int64_t{m_invDataType})
+            .Bind(2, toInt(appID))
+            .Bind(3, toInt(fileID));
+        statement->Execute();
+    };
+    if (toAppID != 0)
+        run(kAddInstallationsOfFile, toAppID);
+    if (fromAppID != 0)
+        run(kEndInstallationsOfFile, fromAppID);
 }
 
 void SYInventoryClassifier::RefreshInstalled(const std::set<unsigned long>& appIDs) {

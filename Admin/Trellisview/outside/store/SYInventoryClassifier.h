@@ -12,8 +12,8 @@
 
 class SYDatabase;
 
-// Keeps the stored verdicts, applications and AppInstalled flags of one inventory (0 or 1)
-// in line with the rules; installations follow from the verdicts (see SYInventorySchema). Used by
+// Keeps the stored verdicts, applications, installations and AppInstalled flags of one
+// inventory (0 or 1) in line with the rules. Used by
 // the inventory writer for new files and by the rule service for rule changes, so both decide
 // alike. Runs inside the caller's transaction.
 class SYInventoryClassifier {
@@ -33,14 +33,15 @@ public:
     // The verdict on a file, with its application made when the verdict names a new one.
     Stored Classify(const SYScanFile& file);
     // Decides every file bearing one of the names again, stores the verdicts that changed,
-    // and brings the AppInstalled flags of the applications that lost or gained files in
-    // line. Work grows with the files of those names, not with the clients they lie on.
+    // and brings the installations and AppInstalled flags of the applications that lost or
+    // gained files in line. Work grows with the places those files lie in.
     void ReclassifyNames(const std::vector<std::string>& names);
     // The application with these internal names and version; made (not installed) if new.
     unsigned long FindOrCreateApp(const std::string& company, const std::string& name,
                                   const std::string& version);
-    // A file of application appID now lies on a client: the application is installed.
-    void MarkInstalled(unsigned long appID);
+    // A file of application appID now lies in folder location on a client: the application
+    // is installed there, under the installation it has there or a new one.
+    void Install(unsigned long appID, unsigned long clientID, const std::string& location);
     // The RuleSource column's value: NULL when no rule governs the file.
     static SYDbValue SourceValue(SYRuleSource source);
 
@@ -54,6 +55,7 @@ private:
     void CollectFiles(const std::string& name, std::set<unsigned long>& seen,
                       std::vector<FileRow>& rows);
     void StoreVerdict(unsigned long fileID, const Stored& stored);
+    void MoveInstallations(unsigned long fileID, unsigned long fromAppID, unsigned long toAppID);
     void RefreshInstalled(const std::set<unsigned long>& appIDs);
 
     SYDatabase& m_database;
@@ -61,6 +63,6 @@ private:
     std::string m_appTable;
     SYRuleResolver m_resolver;
     std::map<std::tuple<std::string, std::string, std::string>, unsigned long> m_apps;
-    // Applications whose flag MarkInstalled has set, so that each is written once.
+    // Applications whose flag Install has set, so that each is written once.
     std::set<unsigned long> m_installedApps;
 };

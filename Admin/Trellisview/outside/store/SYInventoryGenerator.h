@@ -4,9 +4,11 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <vector>
 
 class SYDatabase;
 class SYInventoryWriter;
+class SYSystemRulesWriter;
 
 // Makes realistic inventories for demos, tests and benchmarks through the inventory
 // writer, the same for the same options: PCs, Windows CE, Palm and BlackBerry devices in
@@ -28,10 +30,17 @@ public:
         int tailVendors = 0;
         // Told after each client written, with the count so far and the total; may be empty.
         std::function<void(int written, int total)> progress;
+        // A real estate's make-up on top: an operating system of many files in a few
+        // builds, a catalogue of hundreds of applications from a hundred companies in
+        // several versions (the popular ones on most PCs), files each PC holds alone,
+        // thousands of user rules (some retired) and of system rules. About 300 files a PC.
+        bool realistic = false;
     };
 
     // The embedded demo inventory the console opens by default.
     static Options DemoOptions();
+    // The estate benchmarks measure on.
+    static Options RealisticOptions(int clients, std::uint32_t seed = 1);
 
     explicit SYInventoryGenerator(const Options& options);
 
@@ -46,11 +55,17 @@ public:
 
 private:
     void WriteSystemRules(const std::string& installFolder);
+    void WriteEstateSystemRules(SYSystemRulesWriter& rules);
     void WriteMachine(SYInventoryWriter& writer, int index);
     void WriteCEDevice(SYInventoryWriter& writer, int index);
     void WritePalmDevice(SYInventoryWriter& writer, int index);
     void WriteRIMDevice(SYInventoryWriter& writer, int index);
     void WriteUserRules(SYInventoryWriter& writer);
+    void WriteSystemFiles(SYInventoryWriter& writer, unsigned long pc);
+    void WriteCatalogueApps(SYInventoryWriter& writer, unsigned long pc);
+    void WriteLocalFiles(SYInventoryWriter& writer, unsigned long pc, int index,
+                         const std::string& home);
+    void WriteEstateUserRules(SYInventoryWriter& writer, std::vector<unsigned long>& retired);
     void WriteTailApps(SYInventoryWriter& writer, unsigned char invDataType, unsigned long client,
                        int count);
     int Pick(int count);

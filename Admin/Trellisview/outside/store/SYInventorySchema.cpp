@@ -112,12 +112,9 @@ CREATE INDEX SWRulesBySize ON SWRules (InvDataType, FileSize);
 CREATE INDEX SWRulesByTime ON SWRules (InvDataType, FileTime);
 )sql";
 
-// What version 2 adds to the tables above. Installations are derived, so that moving a
-// file between applications writes one Files row whatever the number of clients it lies
-// on; filters on the grouped columns reach the indexes of Files (InvDataType, AppID) and
-// FileLocations (FileID, ...; MachineID, ...). Retired rules pile up under the names
-// they had; the active ones are found without passing them. Company keys compare
-// without regard to case, so their indexes carry that collation.
+// What version 2 adds to the tables above. Retired rules pile up under the names they had;
+// the active ones are found without passing them. Company keys compare without regard to
+// case, so their indexes carry that collation.
 std::string version2Schema() {
     return R"sql(
 DROP INDEX IF EXISTS ApplicationsInstalled;
@@ -126,16 +123,36 @@ CREATE INDEX ApplicationsInstalled
 DROP INDEX IF EXISTS PPCApplicationsInstalled;
 CREATE INDEX PPCApplicationsInstalled
     ON [PPC Applications] (AppInstalled, AppCompanyInternal COLLATE NOCASE);
-CREATE VIEW Installations AS
-SELECT MIN(l.LocationID) AS InstallationID, f.InvDataType AS InvDataType, f.AppID AS AppID,
-       l.MachineID AS MachineID, l.Location AS Location
-FROM Files f JOIN FileLocations l ON l.FileID = f.FileID
-WHERE f.AppID <> 0
-GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location;
+DROP INDEX IF EXISTS SWRulesActiveByName;
 CREATE INDEX SWRulesActiveByName ON SWRules (InvDataType, FileName, FileSize)
     WHERE )sql" +
            SYActiveRuleSql("RuleState") + ";\n";
 }
+
+// Version 3 stores installations, so that an installation keeps its id while files move
+// around it and reads by id, application or client are index lookups. AUTOINCREMENT keeps
+// an ended installation's id from naming a later one.
+const char* const kInstallationsTable = R"sql(
+CREATE TABLE Installations (
+    InstallationID INTEGER PRIMARY KEY AUTOINCREMENT,
+    InvDataType INTEGER NOT NULL,
+    AppID INTEGER NOT NULL,
+    MachineID INTEGER NOT NULL,
+    Location TEXT NOT NULL);
+CREATE UNIQUE INDEX InstallationsByApp
+    ON Installations (InvDataType, AppID, MachineID, Location);
+CREATE INDEX InstallationsByMachine ON Installations (MachineID);
+)sql";
+
+// The installations a store of version 1 or 2 implies: one per application and folder on a
+// client, under the lowest location of its files there, the id version 2 showed.
+const char* const kDeriveInstallations = R"sql(
+INSERT INTO Installations (InstallationID, InvDataType, AppID, MachineID, Location)
+SELECT MIN(l.LocationID), f.InvDataType, f.AppID, l.MachineID, l.Location
+FROM Files f JOIN FileLocations l ON l.FileID = f.FileID
+WHERE f.AppID <> 0
+GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location;
+)sql";
 
 const char* const kRIMSchema = R"sql(
 CREATE TABLE [RIM Applications] (
@@ -204,6 +221,7 @@ void checkStamp(SYDatabase& database, const std::string& schema, const std::stri
 void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
     database.Exec(kCoreSchema);
     database.Exec(version2Schema());
+    database.Exec(kInstallationsTable);
     if (withRIMTables)
         database.Exec(kRIMSchema);
     stamp(database, ApplicationID, Version);
@@ -214,12 +232,17 @@ void SYInventorySchema::Check(SYDatabase& database, const std::string& path) {
 }
 
 void SYInventorySchema::Upgrade(SYDatabase& database) {
-    if (pragmaValue(database, "main", "user_version") >= Version)
+    const std::int64_t version = pragmaValue(database, "main", "user_version");
+    if (version >= Version)
         return;
     SYTransaction transaction(database);
-    // Version 1 kept installations as rows of a table.
-    database.Exec("DROP TABLE IF EXISTS Installations");
+    // Version 1 kept installations in a table its writers did not keep in line with rules,
+    // version 2 derived them in a view; both are made again from the files.
+    database.Exec(version == 1 ? "DROP TABLE IF EXISTS Installations"
+                               : "DROP VIEW IF EXISTS Installations");
     database.Exec(version2Schema());
+    database.Exec(kInstallationsTable);
+    database.Exec(kDeriveInstallations);
     stamp(database, ApplicationID, Version);
     transaction.Commit();
 }

@@ -5,7 +5,7 @@
 
 class SYDatabase;
 
-// The inventory schema, version 2 (PRAGMA user_version; PRAGMA application_id marks the
+// The inventory schema, version 3 (PRAGMA user_version; PRAGMA application_id marks the
 // file as an inventory). Clients, files and rules:
 //
 //   Machines        MachineID, MachineName, MachineUser: Windows PCs.
@@ -21,12 +21,12 @@ class SYDatabase;
 //                   One row per name, size and time.
 //   FileLocations   LocationID, FileID, MachineID (a Machines row for inventory 0, a
 //                   Devices row for 1), Location: the folder the file lies in.
-//   Installations   a view: InstallationID, InvDataType, AppID, MachineID, Location, one
-//                   row per application and folder on a client where a file of that
-//                   application lies. InstallationID is the lowest LocationID among those
-//                   files there: it changes only when the application's files in that
-//                   folder do, and with MachineID it finds the installation again.
-//                   Version 1 stored these rows in a table.
+//   Installations   InstallationID, InvDataType, AppID, MachineID, Location: one row per
+//                   application and folder on a client where a file of that application
+//                   lies, kept by the inventory writer and the rule service as files come
+//                   and move. Its id stays while the application keeps a file there and is
+//                   never given again. Version 1 had the table unmaintained, version 2 a
+//                   view under the lowest LocationID of those files.
 //   SWRules         the user rules. RuleID never comes back once used. A row in
 //                   RuleStateRemoved is retired for good: kept for history, never active,
 //                   never deleted by the store (see SYSWRuleSet); an index of the active
@@ -43,7 +43,7 @@ class SYDatabase;
 // AppVersion, AppCompany, Comment.
 class SYInventorySchema {
 public:
-    static constexpr int Version = 2;
+    static constexpr int Version = 3;
     static constexpr std::int32_t ApplicationID = 0x5456494E;
     static constexpr int SystemRulesVersion = 1;
     static constexpr std::int32_t SystemRulesApplicationID = 0x54565352;

@@ -174,7 +174,7 @@ unsigned long SYInventoryWriter::AddFile(unsigned char invDataType, unsigned lon
         insert->Execute();
     }
     if (known.appID != 0 && m_database.Changes() > 0)
-        Classifier(invDataType).MarkInstalled(known.appID);
+        Classifier(invDataType).Install(known.appID, clientID, location);
     return known.fileID;
 }
 
