@@ -95,6 +95,7 @@ TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
                 "'C:\\Stale'); PRAGMA user_version = 1");
     }
     int failures = 0;
+    bool upgraded = false; // a failure past the upgrade's commit keeps the upgrade
     for (int nth = 1; nth < 50; ++nth) {
         SYDatabase db;
         db.FailStatement(nth);
@@ -102,7 +103,9 @@ TEST(SYDatabase, CreatedStoreOfVersion1OpensUpgradedInWalMode) {
             db.Open(path);
         } catch (const CDBException&) {
             ++failures;
-            EXPECT_EQ(kindAndVersion(path), "table 1") << "failure at statement " << nth;
+            const std::string state = kindAndVersion(path);
+            upgraded |= state == "view 2";
+            EXPECT_EQ(state, upgraded ? "view 2" : "table 1") << "failure at statement " << nth;
             continue;
         }
         db.ClearFault();
