@@ -91,7 +91,7 @@ void SYDatabase::CheckReadable() {
     }
 }
 
-int SYDatabase::Open(const std::string& path, OpenMode mode) {
+int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
     std::error_code error;
     const bool present = std::filesystem::exists(path, error);
     if (error)
@@ -103,6 +103,8 @@ int SYDatabase::Open(const std::string& path, OpenMode mode) {
     try {
         CheckReadable();
         SYInventorySchema::Check(*this, path);
+        if (quickCheck != 0)
+            RefuseDamage();
         if (mode == OpenMode::ReadOnly)
             RefuseUpgrade();
         else
@@ -125,6 +127,13 @@ void SYDatabase::RefuseUpgrade() {
                        "The inventory " + inQuotes(m_path) + " is of an older schema version (" +
                            std::to_string(version.Int64(0)) +
                            ") and can be read only after an upgrade, which needs write access.");
+}
+
+void SYDatabase::RefuseDamage() {
+    const std::string finding = QuickCheck();
+    if (finding != "ok")
+        throw CDBException(SQLITE_CORRUPT,
+                           "The inventory " + inQuotes(m_path) + " is damaged: " + finding + ".");
 }
 
 bool SYDatabase::IsReadOnly() const {

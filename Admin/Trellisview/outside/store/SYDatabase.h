@@ -38,8 +38,9 @@ public:
     SYDatabase& operator=(const SYDatabase&) = delete;
     ~SYDatabase();
 
-    // An existing inventory. Nonzero on success; failures throw CDBException.
-    int Open(const std::string& path, OpenMode mode = OpenMode::Write);
+    // An existing inventory. Nonzero on success; failures throw CDBException. A nonzero
+    // quickCheck refuses a damaged file before it is upgraded or used.
+    int Open(const std::string& path, OpenMode mode = OpenMode::Write, int quickCheck = 0);
     // A new, empty inventory at a path where no database stands yet. Without withRIMTables
     // the store has no "RIM Applications" table, as older stores lack it.
     int Create(const std::string& path, bool withRIMTables = true);
@@ -100,6 +101,7 @@ private:
     void ConfigureFile();
     void CheckReadable();
     void RefuseUpgrade();
+    void RefuseDamage();
     void UseWal();
     // True while a statement of this connection is between its first step and its reset.
     bool HaveRunningStatement() const;
