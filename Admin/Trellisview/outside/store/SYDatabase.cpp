@@ -12,7 +12,7 @@ namespace {
 
 // A file name as an SQLite URI path: every byte outside the unreserved set is escaped, so
 // that a name which looks like a URI ("file:...") is still the file of that name.
-std::string uriPath(const std::string& path, bool readOnly) {
+std::string uriPath(const std::string& path, const char* query) {
     static const char* const hex = "0123456789ABCDEF";
     std::string uri = "file:";
     for (const char c : path) {
@@ -28,7 +28,7 @@ std::string uriPath(const std::string& path, bool readOnly) {
         uri.push_back(hex[byte >> 4]);
         uri.push_back(hex[byte & 0xF]);
     }
-    return readOnly ? uri + "?mode=ro" : uri;
+    return uri + query;
 }
 
 bool fileHasContent(const std::string& path) {
@@ -49,10 +49,12 @@ SYDatabase::~SYDatabase() {
     Close();
 }
 
-void SYDatabase::OpenConnection(const std::string& path, int flags) {
+void SYDatabase::OpenConnection(const std::string& path, int flags, bool unchanging) {
     Close();
     const bool memory = (flags & SQLITE_OPEN_MEMORY) != 0;
-    const std::string name = memory ? path : uriPath(path, (flags & SQLITE_OPEN_READONLY) != 0);
+    const bool readOnly = (flags & SQLITE_OPEN_READONLY) != 0;
+    const char* query = !readOnly ? "" : unchanging ? "?mode=ro&immutable=1" : "?mode=ro";
+    const std::string name = memory ? path : uriPath(path, query);
     const int rc = sqlite3_open_v2(name.c_str(), &m_db, flags | SQLITE_OPEN_URI, nullptr);
     if (rc != SQLITE_OK) {
         const std::string detail = m_db != nullptr ? sqlite3_errmsg(m_db) : sqlite3_errstr(rc);
@@ -91,6 +93,22 @@ void SYDatabase::CheckReadable() {
     }
 }
 
+// A file in WAL mode needs its index file beside it, which a folder that cannot be written
+// does not give. Without a -wal file the database file holds everything, so it is then read
+// as a file that does not change.
+void SYDatabase::OpenReadOnly(const std::string& path) {
+    OpenConnection(path, SQLITE_OPEN_READONLY);
+    try {
+        CheckReadable();
+        return;
+    } catch (const CDBException& e) {
+        std::error_code error;
+        if (e.Code() != SQLITE_READONLY || std::filesystem::exists(path + "-wal", error))
+            throw;
+    }
+    OpenConnection(path, SQLITE_OPEN_READONLY, true);
+}
+
 int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
     std::error_code error;
     const bool present = std::filesystem::exists(path, error);
@@ -99,7 +117,10 @@ int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
                                                 " cannot be reached: " + error.message() + ".");
     if (!present)
         throw CDBException(SQLITE_CANTOPEN, "The inventory " + inQuotes(path) + " does not exist.");
-    OpenConnection(path, mode == OpenMode::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE);
+    if (mode == OpenMode::ReadOnly)
+        OpenReadOnly(path);
+    else
+        OpenConnection(path, SQLITE_OPEN_READWRITE);
     try {
         CheckReadable();
         SYInventorySchema::Check(*this, path);
@@ -301,7 +322,7 @@ bool SYDatabase::AttachSystemRules(const std::string& nativePath) {
         throw CDBException(SQLITE_MISUSE,
                            "The system rules database cannot be attached inside a transaction.");
     SYStatement attach(*this, "ATTACH DATABASE ?1 AS sysrules");
-    attach.Bind(1, uriPath(nativePath, true));
+    attach.Bind(1, uriPath(nativePath, "?mode=ro"));
     attach.Execute();
     try {
         SYInventorySchema::CheckSystemRules(*this, "sysrules", nativePath);

@@ -97,7 +97,8 @@ private:
     friend class SYStatement;
     friend class SYTransaction;
 
-    void OpenConnection(const std::string& path, int flags);
+    void OpenConnection(const std::string& path, int flags, bool unchanging = false);
+    void OpenReadOnly(const std::string& path);
     void ConfigureFile();
     void CheckReadable();
     void RefuseUpgrade();
