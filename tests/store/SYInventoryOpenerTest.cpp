@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -44,6 +45,15 @@ void makeInventory(const std::string& path, bool wal) {
     writer.Commit();
     if (!wal)
         db.Exec("PRAGMA journal_mode = DELETE");
+}
+
+// Overwrites the file's pages from the one at index first (0 is the header's) to its end.
+void damage(const std::string& path, std::uintmax_t first) {
+    constexpr std::uintmax_t page = 4096;
+    const auto size = std::filesystem::file_size(path);
+    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(static_cast<std::streamoff>(first * page));
+    file << std::string(size - first * page, '\x5A');
 }
 
 std::string journalMode(const std::string& path) {
@@ -88,14 +98,11 @@ TEST(SYInventoryOpener, RefusesInOneLineNamingFileAndCauseAndLeavesTheFileAsItWa
          false, "not a Trellisview inventory"},
         {"newer", stamped("PRAGMA user_version = 99"), false, "newer than this program"},
         // A version-1 stamp on a file without the tables an upgrade works on.
-        {"upgrade fails", stamped("PRAGMA user_version = 1"), false, "no such table"},
+        {"upgrade fails", stamped("PRAGMA user_version = 1"), false, "cannot be upgraded"},
         {"damaged",
          [](const std::string& path) {
              makeInventory(path, false);
-             const auto size = std::filesystem::file_size(path);
-             std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
-             file.seekp(static_cast<std::streamoff>(size - 4096));
-             file << std::string(4096, '\x5A');
+             damage(path, std::filesystem::file_size(path) / 4096 - 1);
              return std::unique_ptr<SYDatabase>();
          },
          true, "is damaged"},
@@ -239,6 +246,9 @@ TEST(SYInventoryOpener, ConsoleExitsWithTheRefusal) {
     const std::string good = dir.File("good.db");
     makeInventory(good, true);
     std::ofstream(dir.File("text.db")) << "text";
+    // Only the header page is whole: the file opens, and the first read meets the damage.
+    makeInventory(dir.File("damaged.db"), false);
+    damage(dir.File("damaged.db"), 1);
     const struct {
         std::string arguments;
         int exitCode;
@@ -248,6 +258,7 @@ TEST(SYInventoryOpener, ConsoleExitsWithTheRefusal) {
         {"--db '" + dir.File("absent.db") + "'", 1, "does not exist"},
         {"--db '" + dir.File("text.db") + "'", 1, "not a Trellisview inventory"},
         {"--db '" + good + "' --bogus", 2, "usage"},
+        {"--db '" + dir.File("damaged.db") + "'", 1, "is damaged"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.arguments);

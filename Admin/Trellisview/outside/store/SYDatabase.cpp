@@ -129,7 +129,7 @@ int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
         if (mode == OpenMode::ReadOnly)
             RefuseUpgrade();
         else
-            SYInventorySchema::Upgrade(*this);
+            Upgrade();
         if (mode == OpenMode::Write)
             UseWal();
         ConfigureFile();
@@ -138,6 +138,18 @@ int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
         throw;
     }
     return 1;
+}
+
+// The upgrade is one transaction: when it fails, the file is as it was.
+void SYDatabase::Upgrade() {
+    try {
+        SYInventorySchema::Upgrade(*this);
+    } catch (const CDBException& e) {
+        if (e.ErrorMessage().find(m_path) != std::string::npos)
+            throw;
+        throw CDBException(e.Code(), "The inventory " + inQuotes(m_path) +
+                                         " cannot be upgraded: " + e.ErrorMessage());
+    }
 }
 
 void SYDatabase::RefuseUpgrade() {

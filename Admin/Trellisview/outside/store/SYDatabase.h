@@ -101,6 +101,7 @@ private:
     void OpenReadOnly(const std::string& path);
     void ConfigureFile();
     void CheckReadable();
+    void Upgrade();
     void RefuseUpgrade();
     void RefuseDamage();
     void UseWal();
