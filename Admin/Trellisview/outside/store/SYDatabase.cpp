@@ -117,11 +117,11 @@ int SYDatabase::Open(const std::string& path, OpenMode mode, int quickCheck) {
                                                 " cannot be reached: " + error.message() + ".");
     if (!present)
         throw CDBException(SQLITE_CANTOPEN, "The inventory " + inQuotes(path) + " does not exist.");
-    if (mode == OpenMode::ReadOnly)
-        OpenReadOnly(path);
-    else
-        OpenConnection(path, SQLITE_OPEN_READWRITE);
     try {
+        if (mode == OpenMode::ReadOnly)
+            OpenReadOnly(path);
+        else
+            OpenConnection(path, SQLITE_OPEN_READWRITE);
         CheckReadable();
         SYInventorySchema::Check(*this, path);
         if (quickCheck != 0)
