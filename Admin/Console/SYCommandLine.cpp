@@ -341,9 +341,9 @@ std::string naming(const std::string& message, const std::string& file) {
 }
 
 SYInventoryGenerator::Options profileOptions(const Args& args) {
-    SYInventoryGenerator::Options options = SYInventoryGenerator::DemoOptions();
     if (args.profile == "realistic")
-        options.tailVendors = 200; // the long tail of vendors a real estate has
+        return SYInventoryGenerator::RealisticOptions(args.clients, args.seed);
+    SYInventoryGenerator::Options options = SYInventoryGenerator::DemoOptions();
     options.clients = args.clients;
     options.seed = args.seed;
     return options;
@@ -420,7 +420,7 @@ int runExport(Builder& outer) {
         return usageError(outer.App(),
                           "export: \"" + (words.empty() ? "" : words.front()) + "\" is not a view");
     SYDatabase database;
-    SYCliInventory::Open(database, inner.Values().db);
+    SYCliInventory::Open(database, inner.Values().db, SYDatabase::OpenMode::Read);
     const SYCliDocument document = command->run(database);
     checkReports(database.Path());
     if (outer.ExportKind() == "pdf") {
@@ -442,7 +442,8 @@ int runChosen(Builder& builder) {
     if (command == nullptr)
         return usageError(builder.App(), "no command given");
     SYDatabase database;
-    SYCliInventory::Open(database, builder.Values().db);
+    SYCliInventory::Open(database, builder.Values().db,
+                         command->view ? SYDatabase::OpenMode::Read : SYDatabase::OpenMode::Write);
     const SYCliDocument document = command->run(database);
     checkReports(database.Path());
     if (!document.Fields().empty() || !document.Tables().empty())
@@ -457,7 +458,7 @@ bool SYCommandLine::Wants(int argc, char** argv) {
         const std::string word = argv[i];
         if (word == "--db" && i + 1 < argc)
             ++i;
-        else if (word != "--summary")
+        else if (word != "--summary" && word != "--create" && word != "--check")
             return true;
     }
     return false;

@@ -1,38 +1,29 @@
-// trellisview [--db FILE] [--summary]
+// trellisview [--db FILE [--create]] [--check] [--summary]
 //
 // Opens the inventory FILE (by default the demo inventory under $XDG_DATA_HOME or
-// ~/.local/share/trellisview/), creating the demo inventory and its system rules first when
-// it is absent, and prints its summary per platform.
+// ~/.local/share/trellisview/, created with its system rules on first run) and prints its
+// summary per platform. A FILE that does not exist is made as a demo inventory only with
+// --create; --check runs the store's quick check first. Exit codes: 0 done, 1 the store
+// failed or refused, 2 bad usage.
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include "SYCommandLine.h"
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYInventoryGenerator.h"
+#include "outside/store/SYInventoryOpener.h"
 #include "outside/store/SYInventorySummary.h"
 
 namespace {
 
-std::filesystem::path defaultDatabase() {
-    const char* dataHome = std::getenv("XDG_DATA_HOME");
-    const char* home = std::getenv("HOME");
-    std::filesystem::path base;
-    if (dataHome != nullptr && *dataHome != '\0')
-        base = dataHome;
-    else if (home != nullptr && *home != '\0')
-        base = std::filesystem::path(home) / ".local" / "share";
-    else
-        base = std::filesystem::current_path();
-    return base / "trellisview" / "inventory.db";
+int usage(const char* program) {
+    std::fprintf(stderr, "usage: %s [--db FILE [--create]] [--check] [--summary]\n", program);
+    return 2;
 }
 
-int usage(const char* program) {
-    std::fprintf(stderr, "usage: %s [--db FILE] [--summary]\n", program);
-    return 2;
+void tell(const std::string& line) {
+    std::fprintf(stderr, "trellisview: %s\n", line.c_str());
 }
 
 } // namespace
@@ -40,26 +31,35 @@ int usage(const char* program) {
 int main(int argc, char** argv) {
     if (SYCommandLine::Wants(argc, argv))
         return SYCommandLine::Run(argc, argv);
-    std::filesystem::path database = defaultDatabase();
+    SYInventoryOpener opener;
+    // The summary only reads: a file kept in another journal mode is not rewritten.
+    opener.SetMode(SYDatabase::OpenMode::Read);
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--db" && i + 1 < argc)
-            database = argv[++i];
+            opener.SetPath(argv[++i]);
+        else if (arg == "--create")
+            opener.SetCreate(1);
+        else if (arg == "--check")
+            opener.SetCheck(1);
         else if (arg != "--summary")
             return usage(argv[0]);
     }
+    SYDatabase db;
+    if (opener.Open(db) == 0) {
+        tell(opener.Message());
+        return 1;
+    }
+    if (opener.CreatedInventory() != 0)
+        std::printf("Created the demo inventory %s\n", opener.Path().c_str());
+    if (!opener.Message().empty())
+        tell(opener.Message());
     try {
-        const auto install = database.parent_path() / "installation";
-        if (SYInventoryGenerator::CreateIfAbsent(database.string(), install.string(),
-                                                 SYInventoryGenerator::DemoOptions()) != 0)
-            std::printf("Created the demo inventory %s\n", database.string().c_str());
-        SYDatabase db;
-        db.Open(database.string());
         SYInventorySummary summary;
         summary.Load(db);
-        std::printf("Inventory %s\n\n%s", database.string().c_str(), summary.Format().c_str());
+        std::printf("Inventory %s\n\n%s", opener.Path().c_str(), summary.Format().c_str());
     } catch (const CException& e) {
-        std::fprintf(stderr, "trellisview: %s\n", e.ErrorMessage().c_str());
+        tell(opener.Describe(e.ErrorMessage()));
         return 1;
     }
     return 0;

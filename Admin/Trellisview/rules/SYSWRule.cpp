@@ -8,6 +8,7 @@
 #include "outside/services/SYReport.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
+#include "outside/store/SYTransaction.h"
 #include "rules/SYSWRuleRow.h"
 
 namespace {
@@ -23,6 +24,14 @@ unsigned char ruleTypeOf(const SYIgnoreRuleItem&) {
 // A row that has passed the store's filters still has to agree on the time to the minute.
 bool sameMinute(const SYSWRuleSet& set, const SYAppFileItem& item) {
     return !item.HaveModTime() || SYTimeChecker::EqualIgnoreSeconds(set.FileTime(), item.ModTime());
+}
+
+// Each write takes the store's write lock before it reads, so it waits for another writer
+// instead of failing when it turns from reading to writing.
+SYDatabase& storeOf(SYDatabase* database) {
+    if (database == nullptr)
+        throw CInvalidArgException("The rule engine has no database.");
+    return *database;
 }
 
 } // namespace
@@ -46,6 +55,7 @@ int SYSWRule::ModifyExcludeRule(SYIgnoreRuleItem& rule) {
 template <class Item> int SYSWRule::AddRule(Item& rule, int record) {
     std::uint32_t ruleID = 0;
     try {
+        SYTransaction transaction(storeOf(Database));
         SYSWRuleSet set(Database);
         set.InvDataType = InvDataType;
         set.Open();
@@ -57,6 +67,7 @@ template <class Item> int SYSWRule::AddRule(Item& rule, int record) {
         set.Update(1);
         set.Close();
         ruleID = set.RuleID();
+        transaction.Commit();
     } catch (const CException& e) {
         SYExReport(e, nullptr);
         return 0;
@@ -78,28 +89,35 @@ template <class Item> int SYSWRule::ModifyRule(Item& rule) {
     std::uint32_t oldID = rule.FileID();
     int result = 0;
     try {
-        SYSWRuleSet set(Database);
-        set.InvDataType = InvDataType;
-        set.FilterForRuleID(oldID);
-        set.Open();
         std::string rowName;
-        if (!set.IsEOF()) {
-            rowName = set.FileName();
-            if (SYStrICmp(rowName, rule.FileName()) == 0) {
+        bool edited = false;
+        {
+            SYTransaction transaction(storeOf(Database));
+            SYSWRuleSet set(Database);
+            set.InvDataType = InvDataType;
+            set.FilterForRuleID(oldID);
+            set.Open();
+            if (!set.IsEOF()) {
+                rowName = set.FileName();
+                edited = SYStrICmp(rowName, rule.FileName()) == 0;
+            }
+            if (edited) {
                 set.Edit();
                 set.SetRuleState(RuleStateModified);
                 set.SetRuleType(ruleTypeOf(rule));
                 SYSWRuleRow::WriteFileInfo(set, rule);
                 SYSWRuleRow::WriteOwnColumns(set, rule);
                 set.Update(1);
-                oldID = 0;
-                result = 1;
             }
+            set.Close();
+            transaction.Commit();
         }
-        set.Close();
-        if (result == 0 && SYStrICmp(rowName, rule.FileName()) != 0 &&
-            RemoveRule(rule.FileID(), 0) != 0)
+        if (edited) {
+            oldID = 0;
+            result = 1;
+        } else if (SYStrICmp(rowName, rule.FileName()) != 0 && RemoveRule(rule.FileID(), 0) != 0) {
             result = AddRule(rule, 0);
+        }
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     }
@@ -113,6 +131,7 @@ template <class Item> int SYSWRule::ModifyRule(Item& rule) {
 
 int SYSWRule::RemoveRule(std::uint32_t ruleID, int record) {
     try {
+        SYTransaction transaction(storeOf(Database));
         SYSWRuleSet set(Database);
         set.InvDataType = InvDataType;
         set.FilterForRuleID(ruleID);
@@ -123,6 +142,7 @@ int SYSWRule::RemoveRule(std::uint32_t ruleID, int record) {
             set.Update(1);
         }
         set.Close();
+        transaction.Commit();
     } catch (const CException& e) {
         SYExReport(e, nullptr);
         return 0;
@@ -160,7 +180,8 @@ int SYSWRule::RemoveMatchingRules(SYAppFileItem& rule) {
                 matching.push_back(set.RuleID());
         }
         set.Close();
-        // Removal writes rows, so it waits until the reading set is closed.
+        // Removal writes rows, so it waits until the reading set is closed; each removal
+        // stands alone, as the changes it notes do.
         for (std::uint32_t ruleID : matching)
             RemoveRule(ruleID, 1);
     } catch (const CException& e) {

@@ -15,17 +15,32 @@ struct sqlite3;
 //
 // Open refuses a file that is not an inventory or whose schema is newer than this program
 // knows, with a CDBException, before anything is written to it; an older one is upgraded
-// in place. Files run in WAL mode with a busy timeout, so a scanner can write while a
-// console reads.
+// in place, in one transaction. Opened for writing, a file is switched to WAL mode after
+// that, so a scanner can write while a console reads. Every connection waits for the
+// busy timeout when another one holds the file locked; failures that name a lock or
+// damage say so in words, never in SQL.
 class SYDatabase {
 public:
+    enum class OpenMode {
+        // Checked, upgraded, then switched to WAL mode.
+        Write,
+        // Checked and upgraded; the journal mode stays as the file has it, so a file that
+        // is only read is not rewritten.
+        Read,
+        // A read-only connection: nothing is written, an older schema is refused.
+        ReadOnly,
+    };
+
+    static constexpr int DefaultBusyTimeoutMs = 5000;
+
     SYDatabase();
     SYDatabase(const SYDatabase&) = delete;
     SYDatabase& operator=(const SYDatabase&) = delete;
     ~SYDatabase();
 
-    // An existing inventory. Nonzero on success; failures throw CDBException.
-    int Open(const std::string& path);
+    // An existing inventory. Nonzero on success; failures throw CDBException. A nonzero
+    // quickCheck refuses a damaged file before it is upgraded or used.
+    int Open(const std::string& path, OpenMode mode = OpenMode::Write, int quickCheck = 0);
     // A new, empty inventory at a path where no database stands yet. Without withRIMTables
     // the store has no "RIM Applications" table, as older stores lack it.
     int Create(const std::string& path, bool withRIMTables = true);
@@ -37,6 +52,7 @@ public:
     void Close();
 
     bool IsOpen() const { return m_db != nullptr; }
+    bool IsReadOnly() const;
     const std::string& Path() const { return m_path; }
 
     // Runs SQL that gives no rows (several statements may be given).
@@ -51,6 +67,15 @@ public:
     int Changes() const;
     bool HaveTable(const std::string& name);
     bool InTransaction() const { return m_transactionDepth > 0; }
+
+    // How long a statement waits for another connection's lock; kept across Open.
+    void SetBusyTimeout(int milliseconds);
+    int BusyTimeout() const { return m_busyTimeoutMs; }
+    // The engine's quick consistency check: "ok", or the first problem it found.
+    std::string QuickCheck();
+    // The words for a failure of the engine: a lock held past the timeout and a damaged
+    // file are named as such (damage after a quick check).
+    std::string Describe(int code, const std::string& engineMessage);
 
     // The system rules database (see SYInventorySchema), attached read-only under the
     // schema name "sysrules". AttachSystemRules gives false if the file does not exist;
@@ -72,10 +97,17 @@ private:
     friend class SYStatement;
     friend class SYTransaction;
 
-    void OpenConnection(const std::string& path, int flags);
+    void OpenConnection(const std::string& path, int flags, bool unchanging = false);
+    void OpenReadOnly(const std::string& path);
     void ConfigureFile();
+    void CheckReadable();
+    void Upgrade();
+    void RefuseUpgrade();
+    void RefuseDamage();
+    void UseWal();
+    // True while a statement of this connection is between its first step and its reset.
+    bool HaveRunningStatement() const;
     void CheckFault(const std::string& sql);
-    [[noreturn]] void Fail(int code, const std::string& what) const;
 
     sqlite3* m_db = nullptr;
     std::string m_path;
@@ -87,6 +119,8 @@ private:
     std::map<std::string, CacheEntry> m_cache;
     std::map<std::string, std::unique_ptr<SYStatement>> m_idle;
     int m_transactionDepth = 0;
+    int m_busyTimeoutMs = DefaultBusyTimeoutMs;
+    bool m_checkingDamage = false;
     int m_faultCountdown = 0;
     int m_faultCode = 0;
 };

@@ -23,8 +23,7 @@ bool SYStatement::BelongsTo(const sqlite3* connection) const {
 }
 
 void SYStatement::Fail(int code) const {
-    throw CDBException(code,
-                       std::string(sqlite3_errmsg(m_database.Handle())) + " (in: " + m_sql + ")");
+    throw CDBException(code, m_database.Describe(code, sqlite3_errmsg(m_database.Handle())));
 }
 
 SYStatement& SYStatement::Bind(int index, std::int64_t value) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
 
 namespace {
@@ -16,6 +17,11 @@ std::string savepoint(int level) {
 
 SYTransaction::SYTransaction(SYDatabase& database)
     : m_database(database), m_level(database.m_transactionDepth) {
+    // A read still open would turn the write lock into an upgrade, which the engine
+    // refuses at once instead of waiting its turn.
+    if (m_level == 0 && database.HaveRunningStatement())
+        throw CDBException(SQLITE_MISUSE,
+                           "A change to the inventory cannot begin while a read is still open.");
     database.Exec(m_level == 0 ? std::string("BEGIN IMMEDIATE")
                                : "SAVEPOINT " + savepoint(m_level));
     ++database.m_transactionDepth;
