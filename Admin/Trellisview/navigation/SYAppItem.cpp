@@ -27,6 +27,17 @@ constexpr std::array<ColumnOrder, 6> columnOrders{{
 
 SYAppItem::SYAppItem(SYListItemArray* array) : SYListItem(array) {}
 
+SYAppItem::SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType)
+    : m_appID(row.appID), m_appType(appType), m_appName(row.name), m_appVersion(row.version),
+      m_appNameInternal(row.nameInternal) {}
+
+SYAppItem::SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType,
+                     const std::string& shownName)
+    : SYAppItem(row, appType) {
+    m_appName = shownName;
+    m_appNameInternal = shownName;
+}
+
 SYAppItem::SYAppItem(const SYAppItem& other) : SYListItem() {
     *this = other;
 }

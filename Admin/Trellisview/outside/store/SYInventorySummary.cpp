@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYRecordset.h"
+#include "outside/store/SYInventoryModel.h"
 
 namespace {
 
@@ -14,27 +14,11 @@ long long count(SYDatabase& database, const std::string& sql, std::int64_t param
     return statement->Step() ? statement->Int64(0) : 0;
 }
 
-long long countText(SYDatabase& database, const char* text) {
-    SYRecordset set(database);
-    set.Open(SYRecordset::forwardOnly, text, SYRecordset::readOnly);
-    std::string value;
-    set.GetFieldValue("AppCount", value);
-    return std::stoll(value);
-}
-
-const char* const kAppCounts[] = {
-    "SELECT Count([Applications].AppID) AS AppCount FROM Applications WHERE "
-    "[Applications].AppInstalled=1",
-    "SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
-    "[PPC Applications].AppInstalled=1",
-    "SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]",
-    "SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]",
-};
-
 } // namespace
 
 void SYInventorySummary::Load(SYDatabase& database) {
     const bool haveRIM = database.HaveTable("RIM Applications");
+    const SYInventoryModel model(&database);
     for (std::int64_t type = 0; type < 4; ++type) {
         Counts& counts = m_counts[static_cast<std::size_t>(type)];
         counts.clients =
@@ -46,7 +30,8 @@ void SYInventorySummary::Load(SYDatabase& database) {
         counts.ignored = count(
             database, "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1 AND FileState IN (3, 4)",
             type);
-        counts.applications = type == 3 && !haveRIM ? 0 : countText(database, kAppCounts[type]);
+        counts.applications =
+            type == 3 && !haveRIM ? 0 : std::stoll(model.AppCount(static_cast<std::uint8_t>(type)));
     }
 }
 
