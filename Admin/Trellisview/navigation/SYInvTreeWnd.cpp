@@ -263,7 +263,7 @@ void SYInvTreeWnd::MergeCompanies(HTREEITEM root, const std::vector<CompanyRow>&
         const bool setDone = row == companies.end();
         treeDone = treeDone || !HasImage(node, companyImage);
         // A read that failed ends the merge where it got to: nothing behind is dropped.
-        if ((setDone && treeDone) || (setDone && !complete))
+        if (setDone && (treeDone || !complete))
             break;
         if (setDone) {
             node = DropCompany(node);

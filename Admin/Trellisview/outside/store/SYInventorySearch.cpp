@@ -12,7 +12,8 @@ template <class Row, class Walk, class Field>
 int anyRowContains(Walk walk, Field field, const std::string& lowerText) {
     int found = 0;
     walk([&](const Row& row) {
-        found = SYToLower(field(row)).find(lowerText) != std::string::npos ? 1 : 0;
+        if (SYToLower(field(row)).find(lowerText) != std::string::npos)
+            found = 1;
         return found == 0;
     });
     return found;
