@@ -1,6 +1,7 @@
 #include "navigation/SYAppItem.h"
 
 #include <array>
+#include <utility>
 
 #include "outside/framework/SYString.h"
 
@@ -27,13 +28,13 @@ constexpr std::array<ColumnOrder, 6> columnOrders{{
 
 SYAppItem::SYAppItem(SYListItemArray* array) : SYListItem(array) {}
 
-SYAppItem::SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType)
-    : m_appID(row.appID), m_appType(appType), m_appName(row.name), m_appVersion(row.version),
-      m_appNameInternal(row.nameInternal) {}
+SYAppItem::SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType)
+    : m_appID(row.appID), m_appType(appType), m_appName(std::move(row.name)),
+      m_appVersion(std::move(row.version)), m_appNameInternal(std::move(row.nameInternal)) {}
 
-SYAppItem::SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType,
+SYAppItem::SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType,
                      const std::string& shownName)
-    : SYAppItem(row, appType) {
+    : SYAppItem(std::move(row), appType) {
     m_appName = shownName;
     m_appNameInternal = shownName;
 }

@@ -21,10 +21,9 @@ public:
 
     explicit SYAppItem(SYListItemArray* array = nullptr);
     // An application the inventory model read, of the given platform code.
-    SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType);
+    SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType);
     // A Palm or BlackBerry application, which shows and sorts by the one name given.
-    SYAppItem(const SYInventoryModel::AppRow& row, std::uint8_t appType,
-              const std::string& shownName);
+    SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType, const std::string& shownName);
     SYAppItem(const SYAppItem& other);
     SYAppItem& operator=(const SYAppItem& other);
     ~SYAppItem() override = default;

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <memory>
+#include <utility>
 
 #include "navigation/SYAppItem.h"
 #include "navigation/SYTextFormat.h"
@@ -269,8 +270,8 @@ void SYInvListCtrl::AddAppsToData(const std::string& company) {
     Model().LoadCompanyApps(m_invDataType, company, rows);
     const std::uint8_t appType =
         m_invDataType == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows;
-    for (const AppRow& row : rows)
-        m_data.Add(std::make_unique<SYAppItem>(row, appType));
+    for (AppRow& row : rows)
+        m_data.Add(std::make_unique<SYAppItem>(std::move(row), appType));
 }
 
 void SYInvListCtrl::AddFileRows(const std::vector<FileRow>& rows) {
@@ -308,8 +309,10 @@ void SYInvListCtrl::BuildHandheldApps(Load load, std::uint8_t appType, ShownName
     ResetContent();
     std::vector<AppRow> rows;
     const bool complete = readReported([&] { load(rows); });
-    for (const AppRow& row : rows)
-        m_data.Add(std::make_unique<SYAppItem>(row, appType, shownName(row)));
+    for (AppRow& row : rows) {
+        const std::string shown = shownName(row);
+        m_data.Add(std::make_unique<SYAppItem>(std::move(row), appType, shown));
+    }
     if (complete)
         BuildAppListFromData(0);
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 
 #include "navigation/SYAppItem.h"
 #include "navigation/SYTextFormat.h"
@@ -162,8 +163,8 @@ void SYInvTreeWnd::BuildAppData(SYListItemArray& apps, const std::string& compan
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     }
-    for (const AppRow& row : rows)
-        apps.Add(std::make_unique<SYAppItem>(row, appType));
+    for (AppRow& row : rows)
+        apps.Add(std::make_unique<SYAppItem>(std::move(row), appType));
     apps.SortArray(0, 1);
 }
 
@@ -413,8 +414,10 @@ void readFlatApps(Load load, std::uint8_t appType, SYListItemArray& apps, ShownN
     } catch (const SYStatus& status) {
         SYStatusReport(status, nullptr);
     }
-    for (const AppRow& row : rows)
-        apps.Add(std::make_unique<SYAppItem>(row, appType, shownName(row)));
+    for (AppRow& row : rows) {
+        const std::string shown = shownName(row);
+        apps.Add(std::make_unique<SYAppItem>(std::move(row), appType, shown));
+    }
 }
 
 } // namespace
