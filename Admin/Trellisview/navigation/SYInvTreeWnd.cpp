@@ -157,14 +157,15 @@ void SYInvTreeWnd::BuildAppData(SYListItemArray& apps, const std::string& compan
     const std::uint8_t appType =
         platform == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows;
     apps.RemoveAll();
-    std::vector<AppRow> rows;
+    // Straight into the items, with no array between: a company is read at each expansion.
     try {
-        Model().LoadCompanyApps(platform, company, rows);
+        Model().ForEachCompanyApp(platform, company, [&](const AppRow& row) {
+            apps.Add(std::make_unique<SYAppItem>(row, appType));
+            return true;
+        });
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     }
-    for (AppRow& row : rows)
-        apps.Add(std::make_unique<SYAppItem>(std::move(row), appType));
     apps.SortArray(0, 1);
 }
 
