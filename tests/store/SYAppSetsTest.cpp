@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "outside/store/SYAppCompanySet.h"
 #include "outside/store/SYAppEnum.h"
 #include "outside/store/SYAppSet.h"
+#include "outside/store/SYInventoryModel.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYPalmAppEnum.h"
 #include "outside/store/SYRIMAppEnum.h"
@@ -111,6 +113,45 @@ TEST_F(AppInventory, HandheldApplicationsAndTables) {
         tables.FilterForTable(table);
         tables.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
         EXPECT_EQ(tables.IsEOF() == 0, found) << table;
+    }
+}
+
+// A search reads no further than its first hit: no walk of the model hands out another row
+// once its visitor said stop.
+TEST_F(AppInventory, ModelWalksStopWhereTheVisitorSays) {
+    SYInventoryWriter writer(db);
+    const auto pc = writer.AddMachine("pc2", "", CTime(0));
+    for (const char* file : {"a.tmp", "b.tmp"})
+        writer.AddFile(0, pc, "C:\\Temp", {file, 1, 60, "", "", ""});
+    writer.AddRIMApplication("Mail", "1");
+    writer.AddRIMApplication("Maps", "1");
+    writer.Commit();
+    const SYInventoryModel model(&db);
+    using Next = std::function<bool()>;
+    const std::vector<std::pair<const char*, std::function<void(const Next&)>>> walks = {
+        {"companies",
+         [&](const Next& next) { model.ForEachCompany(0, [&](const auto&) { return next(); }); }},
+        {"applications",
+         [&](const Next& next) {
+             model.ForEachCompanyApp(0, "acme", [&](const auto&) { return next(); });
+         }},
+        {"palm",
+         [&](const Next& next) { model.ForEachPalmApp([&](const auto&) { return next(); }); }},
+        {"rim",
+         [&](const Next& next) { model.ForEachRIMApp([&](const auto&) { return next(); }); }},
+        {"files",
+         [&](const Next& next) {
+             model.ForEachFile(0, SYInventoryModel::FileList::unidentified,
+                               [&](const auto&) { return next(); });
+         }},
+    };
+    for (const auto& [name, walk] : walks) {
+        int all = 0;
+        int stopped = 0;
+        walk([&] { return ++all > 0; });
+        walk([&] { return ++stopped == 0; });
+        EXPECT_GE(all, 2) << name;
+        EXPECT_EQ(stopped, 1) << name;
     }
 }
 

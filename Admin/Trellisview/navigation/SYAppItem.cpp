@@ -1,6 +1,7 @@
 #include "navigation/SYAppItem.h"
 
 #include <array>
+#include <utility>
 
 #include "outside/framework/SYString.h"
 
@@ -26,6 +27,17 @@ constexpr std::array<ColumnOrder, 6> columnOrders{{
 } // namespace
 
 SYAppItem::SYAppItem(SYListItemArray* array) : SYListItem(array) {}
+
+SYAppItem::SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType)
+    : m_appID(row.appID), m_appType(appType), m_appName(std::move(row.name)),
+      m_appVersion(std::move(row.version)), m_appNameInternal(std::move(row.nameInternal)) {}
+
+SYAppItem::SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType,
+                     const std::string& shownName)
+    : SYAppItem(std::move(row), appType) {
+    m_appName = shownName;
+    m_appNameInternal = shownName;
+}
 
 SYAppItem::SYAppItem(const SYAppItem& other) : SYListItem() {
     *this = other;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "outside/framework/SYListItem.h"
+#include "outside/store/SYInventoryModel.h"
 
 // One application as a row of the inventory list, or while the tree reads and sorts a
 // branch. Sorting goes by the internal name, showing by AppName.
@@ -19,6 +20,10 @@ public:
     };
 
     explicit SYAppItem(SYListItemArray* array = nullptr);
+    // An application the inventory model read, of the given platform code.
+    SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType);
+    // A Palm or BlackBerry application, which shows and sorts by the one name given.
+    SYAppItem(SYInventoryModel::AppRow row, std::uint8_t appType, const std::string& shownName);
     SYAppItem(const SYAppItem& other);
     SYAppItem& operator=(const SYAppItem& other);
     ~SYAppItem() override = default;

@@ -4,19 +4,15 @@
 #include <array>
 #include <cctype>
 #include <memory>
+#include <utility>
 
 #include "navigation/SYAppItem.h"
 #include "outside/framework/CException.h"
-#include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/services/SYTextFormat.h"
-#include "outside/store/SYAppCompanySet.h"
-#include "outside/store/SYAppEnum.h"
-#include "outside/store/SYAppFileSet.h"
-#include "outside/store/SYPalmAppEnum.h"
-#include "outside/store/SYRIMAppEnum.h"
+#include "outside/store/SYSWInvObject.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYFontMetrics.h"
 #include "resources/SYResourceIds.h"
@@ -25,6 +21,9 @@
 #include "rules/SYIdRuleItem.h"
 
 namespace {
+
+using AppRow = SYInventoryModel::AppRow;
+using FileRow = SYInventoryModel::FileRow;
 
 struct ModeSpec {
     int headerString;
@@ -52,6 +51,17 @@ int appImage(const SYAppItem& app) {
         return SYAdminImages::ImagePPCApp;
     default:
         return SYAdminImages::ImageApplication;
+    }
+}
+
+// Runs a read of the model; a failure of the store is reported and gives false.
+template <class Read> bool readReported(Read read) {
+    try {
+        read();
+        return true;
+    } catch (const CException& e) {
+        SYExReport(e, nullptr);
+        return false;
     }
 }
 
@@ -227,26 +237,21 @@ void SYInvListCtrl::ClearData() {
 void SYInvListCtrl::BuildCompanies() {
     SYWaitCursor wait;
     ResetContent();
-    try {
-        SYAppCompanySet set(Database());
-        set.InvDataType = m_invDataType;
-        set.Open();
-        // One record per company: the first row of each run of one internal name.
-        while (!set.IsEOF()) {
-            const std::string internal = set.AppCompanyInternal();
-            auto* company = m_data.Add(std::make_unique<SYCompanyItem>());
-            company->SetDisplayName(set.AppCompany());
-            company->SetInternalName(internal);
-            while (!set.IsEOF() && SYStrICmp(set.AppCompanyInternal(), internal) == 0)
-                set.MoveNext();
-        }
-        set.Close();
+    std::vector<SYInventoryModel::CompanyRow> companies;
+    const bool complete = readReported([&] { Model().LoadCompanies(m_invDataType, companies); });
+    AddCompanies(companies);
+    if (complete)
         BuildCompanyListFromData();
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
     SetRedraw(1);
     Invalidate(0);
+}
+
+void SYInvListCtrl::AddCompanies(const std::vector<SYInventoryModel::CompanyRow>& companies) {
+    for (const SYInventoryModel::CompanyRow& row : companies) {
+        auto* company = m_data.Add(std::make_unique<SYCompanyItem>());
+        company->SetDisplayName(row.DisplayName());
+        company->SetInternalName(row.internalName);
+    }
 }
 
 void SYInvListCtrl::BuildAppList(const std::string& company) {
@@ -261,113 +266,72 @@ void SYInvListCtrl::BuildAppList(const std::string& company) {
 }
 
 void SYInvListCtrl::AddAppsToData(const std::string& company) {
-    SYAppEnum enumerator;
-    enumerator.SetDatabase(Database());
-    enumerator.InvDataType = m_invDataType;
-    enumerator.SetCompanyName(company);
-    if (!enumerator.BeginEnumApps())
-        return;
-    std::string name, version, internal;
-    while (enumerator.EnumApp(name, version, internal)) {
-        auto* app = m_data.Add(std::make_unique<SYAppItem>());
-        app->SetAppID(enumerator.CurrentAppID());
-        app->SetAppType(m_invDataType == InvDataPPC ? SYAppItem::AppTypePPC
-                                                    : SYAppItem::AppTypeWindows);
-        app->SetAppName(name);
-        app->SetAppVersion(version);
-        app->SetAppNameInternal(internal);
-    }
-    enumerator.EndEnumApps();
+    std::vector<AppRow> rows;
+    Model().LoadCompanyApps(m_invDataType, company, rows);
+    const std::uint8_t appType =
+        m_invDataType == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows;
+    for (AppRow& row : rows)
+        m_data.Add(std::make_unique<SYAppItem>(std::move(row), appType));
 }
 
-void SYInvListCtrl::AddFileRows(SYAppFileSet& set) {
-    for (; !set.IsEOF(); set.MoveNext()) {
+void SYInvListCtrl::AddFileRows(const std::vector<FileRow>& rows) {
+    for (const FileRow& row : rows) {
         auto* file = m_data.Add(std::make_unique<SYAppFileItem>());
-        file->SetFileID(static_cast<std::uint32_t>(set.FileID()));
-        file->SetFileName(set.FileName());
-        file->SetFileSize(static_cast<std::uint32_t>(set.FileSizeLo()),
-                          static_cast<std::uint32_t>(set.FileSizeHi()));
-        file->SetModTime(set.FileTime());
+        file->SetFileID(row.fileID);
+        file->SetFileName(row.name);
+        file->SetFileSize(row.size);
+        file->SetModTime(row.time);
         file->SetItemType(ItemTypeFile);
     }
 }
 
-void SYInvListCtrl::BuildFiles(void (SYAppFileSet::*filter)()) {
+void SYInvListCtrl::BuildFiles(SYInventoryModel::FileList fileList) {
     SYWaitCursor wait;
     ResetContent();
-    try {
-        SYAppFileSet set(Database());
-        set.InvDataType = m_invDataType;
-        (set.*filter)();
-        set.Open();
-        AddFileRows(set);
-        set.Close();
+    std::vector<FileRow> rows;
+    const bool complete = readReported([&] { Model().LoadFiles(m_invDataType, fileList, rows); });
+    AddFileRows(rows);
+    if (complete)
         BuildFileListFromData(0);
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
 }
 
 void SYInvListCtrl::BuildExcludes() {
-    BuildFiles(&SYAppFileSet::FilterForExcludedFiles);
+    BuildFiles(SYInventoryModel::FileList::ignored);
 }
 
 void SYInvListCtrl::BuildUnidFiles() {
-    BuildFiles(&SYAppFileSet::FilterForUnidFiles);
+    BuildFiles(SYInventoryModel::FileList::unidentified);
+}
+
+template <class Load, class ShownName>
+void SYInvListCtrl::BuildHandheldApps(Load load, std::uint8_t appType, ShownName shownName) {
+    SYWaitCursor wait;
+    ResetContent();
+    std::vector<AppRow> rows;
+    const bool complete = readReported([&] { load(rows); });
+    for (AppRow& row : rows) {
+        const std::string shown = shownName(row);
+        m_data.Add(std::make_unique<SYAppItem>(std::move(row), appType, shown));
+    }
+    if (complete)
+        BuildAppListFromData(0);
 }
 
 void SYInvListCtrl::BuildPalmAppList() {
-    SYWaitCursor wait;
-    ResetContent();
-    try {
-        SYPalmAppEnum enumerator;
-        enumerator.SetDatabase(Database());
-        if (enumerator.BeginEnumApps()) {
-            std::string name;
-            while (enumerator.EnumApp(name)) {
-                // The list shows both names where the icon says something else.
-                const std::string icon = enumerator.CurrentAppIconName();
-                const std::string shown =
-                    !icon.empty() && icon != name
-                        ? SYFormatText(SYStringTable::Get(IDS_ICON_AND_NAME), {icon, name})
-                        : name;
-                auto* app = m_data.Add(std::make_unique<SYAppItem>());
-                app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
-                app->SetAppType(SYAppItem::AppTypePalm);
-                app->SetAppVersion(enumerator.CurrentAppVersion());
-                app->SetAppName(shown);
-                app->SetAppNameInternal(shown);
-            }
-            enumerator.EndEnumApps();
-        }
-        BuildAppListFromData(0);
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
+    // The list shows both names where the icon says something else.
+    const std::string format = SYStringTable::Get(IDS_ICON_AND_NAME);
+    BuildHandheldApps([this](std::vector<AppRow>& rows) { Model().LoadPalmApps(rows); },
+                      SYAppItem::AppTypePalm,
+                      [&format](const AppRow& row) {
+                          return !row.iconName.empty() && row.iconName != row.name
+                                     ? SYFormatText(format, {row.iconName, row.name})
+                                     : row.name;
+                      });
 }
 
 void SYInvListCtrl::BuildRIMAppList() {
-    SYWaitCursor wait;
-    ResetContent();
-    try {
-        SYRIMAppEnum enumerator;
-        enumerator.SetDatabase(Database());
-        if (enumerator.BeginEnumApps()) {
-            std::string name;
-            while (enumerator.EnumApp(name)) {
-                auto* app = m_data.Add(std::make_unique<SYAppItem>());
-                app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
-                app->SetAppType(SYAppItem::AppTypeRIM);
-                app->SetAppVersion(enumerator.CurrentAppVersion());
-                app->SetAppName(name);
-                app->SetAppNameInternal(name);
-            }
-            enumerator.EndEnumApps();
-        }
-        BuildAppListFromData(0);
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
+    BuildHandheldApps([this](std::vector<AppRow>& rows) { Model().LoadRIMApps(rows); },
+                      SYAppItem::AppTypeRIM, [](const AppRow& row) { return row.name; });
 }
 
 template <class RowOf> void SYInvListCtrl::BuildRows(int keepScroll, RowOf rowOf) {
@@ -533,28 +497,17 @@ void SYInvListCtrl::RemoveMatchingFiles(const SYAppFileItem* rule) {
 void SYInvListCtrl::AddFilesForRule(const SYAppFileItem* rule) {
     if (!InFileMode())
         return;
-    try {
-        SYAppFileSet set(Database());
-        set.InvDataType = m_invDataType;
-        if (m_activeMode == m_excludedFilesMode)
-            set.FilterForExcludedFiles();
-        else
-            set.FilterForUnidFiles();
-        set.FilterForFileName(rule->FileName());
-        if (rule->HaveFileSize()) {
-            std::uint32_t lo = 0;
-            std::uint32_t hi = 0;
-            rule->GetFileSize(lo, hi);
-            set.FilterForFileSize(lo, hi);
-        }
-        if (rule->HaveModTime())
-            set.FilterForFileTime(rule->ModTime());
-        set.Open();
-        AddFileRows(set);
-        set.Close();
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
+    SYInventoryModel::FileMatch match{rule->FileName(), std::nullopt, std::nullopt};
+    if (rule->HaveFileSize())
+        match.size = rule->FileSize();
+    if (rule->HaveModTime())
+        match.time = rule->ModTime();
+    const auto fileList = m_activeMode == m_excludedFilesMode
+                              ? SYInventoryModel::FileList::ignored
+                              : SYInventoryModel::FileList::unidentified;
+    std::vector<FileRow> rows;
+    readReported([&] { Model().LoadMatchingFiles(m_invDataType, fileList, match, rows); });
+    AddFileRows(rows);
     m_data.SortArray(m_sortColumn, m_sortAscending);
     BuildFileListFromData(1);
 }

@@ -7,9 +7,9 @@
 #include "navigation/SYInvBaseListCtrl.h"
 #include "navigation/SYInvColumn.h"
 #include "outside/framework/SYListItemArray.h"
+#include "outside/store/SYInventoryModel.h"
 
 class SYAppFileItem;
-class SYAppFileSet;
 class SYIdRuleItem;
 
 // The list of the software inventory. One control serves six modes, each a column set
@@ -83,12 +83,17 @@ protected:
     int FindApplication(std::uint32_t appID) const;
 
 private:
+    SYInventoryModel Model() const { return SYInventoryModel(Database()); }
     bool ValidMode(int mode) const;
     bool InFileMode() const;
     // Empties Data and the rows, as every Build operation starts.
     void ResetContent();
-    void BuildFiles(void (SYAppFileSet::*filter)());
-    void AddFileRows(SYAppFileSet& set);
+    void AddCompanies(const std::vector<SYInventoryModel::CompanyRow>& companies);
+    void BuildFiles(SYInventoryModel::FileList fileList);
+    void AddFileRows(const std::vector<SYInventoryModel::FileRow>& rows);
+    // A failed read keeps its records in Data and makes no rows.
+    template <class Load, class ShownName>
+    void BuildHandheldApps(Load load, std::uint8_t appType, ShownName shownName);
     // Rows from Data in the sort order; text and image of a record come from rowOf.
     template <class RowOf> void BuildRows(int keepScroll, RowOf rowOf);
     const SYListItem* RecordOfRow(int row) const;

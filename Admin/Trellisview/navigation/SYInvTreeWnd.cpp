@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <utility>
 
 #include "navigation/SYAppItem.h"
 #include "outside/framework/CException.h"
@@ -11,12 +12,9 @@
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/services/SYTextFormat.h"
-#include "outside/store/SYAppCompanySet.h"
-#include "outside/store/SYAppEnum.h"
-#include "outside/store/SYAppFileSet.h"
-#include "outside/store/SYPalmAppEnum.h"
-#include "outside/store/SYRIMAppEnum.h"
-#include "outside/store/SYTableSet.h"
+#include "outside/store/SYInventoryModel.h"
+#include "outside/store/SYInventorySearch.h"
+#include "outside/store/SYSWInvObject.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "resources/SYResourceIds.h"
 #include "rules/SYCompanyItem.h"
@@ -25,8 +23,10 @@ SY_IMPLEMENT_DYNCREATE(SYInvTreeWnd, SYTreeHeaderWnd)
 
 namespace {
 
+using AppRow = SYInventoryModel::AppRow;
+using CompanyRow = SYInventoryModel::CompanyRow;
+
 constexpr const char* Placeholder = "<>";
-constexpr const char* RIMTable = "RIM Applications";
 
 std::string appNodeText(const SYAppItem& app) {
     if (app.AppVersion().empty())
@@ -39,23 +39,17 @@ std::string rootLabel(int stringId, const std::string& count) {
     return SYFormatText(SYStringTable::Get(stringId), {count});
 }
 
-// The search compares a lower-cased copy of the row's value with the lower-cased text.
-bool containsText(const std::string& value, const std::string& lowerText) {
-    return SYToLower(value).find(lowerText) != std::string::npos;
-}
-
-// Moves past every row of the company that stands at the set's current row.
-void skipCompanyRun(SYAppCompanySet& set) {
-    const std::string internal = set.AppCompanyInternal();
-    while (!set.IsEOF() && SYStrICmp(set.AppCompanyInternal(), internal) == 0)
-        set.MoveNext();
+// A search of the store; a failure is reported and counts as no hit.
+template <class Find> int reportedFind(Find find) {
+    try {
+        return find();
+    } catch (const CException& e) {
+        SYExReport(e, nullptr);
+        return 0;
+    }
 }
 
 } // namespace
-
-SYInvTreeWnd::SYInvTreeWnd() = default;
-
-SYInvTreeWnd::~SYInvTreeWnd() = default;
 
 int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent) {
     const int result = SYTreeHeaderWnd::Initialize(id, parent);
@@ -68,34 +62,6 @@ int SYInvTreeWnd::Initialize(unsigned id, SYWnd* parent) {
 }
 
 // --- node kinds and selection -------------------------------------------------------
-
-int SYInvTreeWnd::HasImage(HTREEITEM node, int image) const {
-    return node != nullptr && Tree().GetItemImage(node) == image;
-}
-
-int SYInvTreeWnd::IsItemCompany(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImageCompany);
-}
-
-int SYInvTreeWnd::IsItemApplication(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImageApplication);
-}
-
-int SYInvTreeWnd::IsItemPPCCompany(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImagePPCCompany);
-}
-
-int SYInvTreeWnd::IsItemPPCApplication(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImagePPCApp);
-}
-
-int SYInvTreeWnd::IsItemPalmApplication(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImagePalmApp);
-}
-
-int SYInvTreeWnd::IsItemRIMApplication(HTREEITEM node) const {
-    return HasImage(node, SYAdminImages::ImageRIMApp);
-}
 
 SYCompanyItem* SYInvTreeWnd::CompanyOf(HTREEITEM node) const {
     if (!IsItemCompany(node) && !IsItemPPCCompany(node))
@@ -125,20 +91,6 @@ std::uint32_t SYInvTreeWnd::SelectedDataFor(int image, int otherImage) const {
     if (!HasImage(node, image) && !HasImage(node, otherImage))
         return 0;
     return Tree().GetItemData(node);
-}
-
-std::uint32_t SYInvTreeWnd::GetSelectedAppID() const {
-    return SelectedDataFor(SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
-}
-
-std::int32_t SYInvTreeWnd::GetSelectedPalmAppID() const {
-    return static_cast<std::int32_t>(
-        SelectedDataFor(SYAdminImages::ImagePalmApp, SYAdminImages::ImagePalmApp));
-}
-
-std::int32_t SYInvTreeWnd::GetSelectedRIMAppID() const {
-    return static_cast<std::int32_t>(
-        SelectedDataFor(SYAdminImages::ImageRIMApp, SYAdminImages::ImageRIMApp));
 }
 
 int SYInvTreeWnd::SelectCompany(const std::string& name, HTREEITEM root) {
@@ -173,20 +125,6 @@ int SYInvTreeWnd::SelectChild(HTREEITEM parent, std::uint32_t id, int image, int
     return 0;
 }
 
-int SYInvTreeWnd::SelectApplication(std::uint32_t id, HTREEITEM parent) {
-    return SelectChild(parent, id, SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
-}
-
-int SYInvTreeWnd::SelectPalmApplication(std::int32_t id, HTREEITEM parent) {
-    return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImagePalmApp,
-                       SYAdminImages::ImagePalmApp);
-}
-
-int SYInvTreeWnd::SelectRIMApplication(std::int32_t id, HTREEITEM parent) {
-    return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImageRIMApp,
-                       SYAdminImages::ImageRIMApp);
-}
-
 // --- building and updating ----------------------------------------------------------
 
 void SYInvTreeWnd::CheckBuildItem(HTREEITEM node) {
@@ -216,25 +154,15 @@ void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node) {
 
 void SYInvTreeWnd::BuildAppData(SYListItemArray& apps, const std::string& company,
                                 std::uint8_t platform) {
-    SYAppItem scratch;
-    scratch.SetAppType(platform == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows);
+    const std::uint8_t appType =
+        platform == InvDataPPC ? SYAppItem::AppTypePPC : SYAppItem::AppTypeWindows;
     apps.RemoveAll();
+    // Straight into the items, with no array between: a company is read at each expansion.
     try {
-        SYAppEnum enumerator;
-        enumerator.SetDatabase(Database());
-        enumerator.InvDataType = platform;
-        enumerator.SetCompanyName(company);
-        if (enumerator.BeginEnumApps()) {
-            std::string name, version, internal;
-            while (enumerator.EnumApp(name, version, internal)) {
-                scratch.SetAppID(enumerator.CurrentAppID());
-                scratch.SetAppName(name);
-                scratch.SetAppVersion(version);
-                scratch.SetAppNameInternal(internal);
-                apps.Add(std::make_unique<SYAppItem>(scratch));
-            }
-            enumerator.EndEnumApps();
-        }
+        Model().ForEachCompanyApp(platform, company, [&](const AppRow& row) {
+            apps.Add(std::make_unique<SYAppItem>(row, appType));
+            return true;
+        });
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     }
@@ -285,8 +213,9 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
     tree.EnsureVisible(target);
 }
 
-HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const std::string& display,
-                                      const std::string& internal, std::uint8_t platform) {
+HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const CompanyRow& row,
+                                      std::uint8_t platform) {
+    const std::string& display = row.DisplayName();
     const std::string text = display.empty() ? SYStringTable::Get(IDS_NO_COMPANY) : display;
     const int image =
         platform == InvDataPPC ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
@@ -295,7 +224,7 @@ HTREEITEM SYInvTreeWnd::InsertCompany(HTREEITEM root, HTREEITEM after, const std
         return nullptr;
     auto* company = m_companies.Add(std::make_unique<SYCompanyItem>());
     company->SetDisplayName(display);
-    company->SetInternalName(internal);
+    company->SetInternalName(row.internalName);
     Tree().SetItemData(node, static_cast<std::uint32_t>(m_companies.GetSize() - 1));
     ResetCompanyNode(node);
     return node;
@@ -311,62 +240,67 @@ HTREEITEM SYInvTreeWnd::DropCompany(HTREEITEM node) {
 }
 
 void SYInvTreeWnd::UpdateApps(HTREEITEM root, std::uint8_t platform) {
+    std::vector<CompanyRow> companies;
+    bool complete = true;
+    try {
+        Model().LoadCompanies(platform, companies);
+    } catch (const CException& e) {
+        SYExReport(e, nullptr);
+        complete = false;
+    }
+    MergeCompanies(root, companies, complete, platform);
+}
+
+void SYInvTreeWnd::MergeCompanies(HTREEITEM root, const std::vector<CompanyRow>& companies,
+                                  bool complete, std::uint8_t platform) {
     SYTreeCtrlEx& tree = Tree();
     const int companyImage =
         platform == InvDataPPC ? SYAdminImages::ImagePPCCompany : SYAdminImages::ImageCompany;
-    try {
-        SYAppCompanySet set(Database());
-        set.InvDataType = platform;
-        set.Open();
-        // Both sides run in ascending order of the internal company name: one pass merges.
-        HTREEITEM node = tree.GetChildItem(root);
-        HTREEITEM after = TVI_FIRST;
-        bool setDone = false;
-        bool treeDone = false;
-        for (;;) {
-            setDone = setDone || set.IsEOF();
-            treeDone = treeDone || !HasImage(node, companyImage);
-            if (setDone && treeDone)
-                break;
-            if (setDone) {
-                node = DropCompany(node);
-                continue;
-            }
-            const std::string display = set.AppCompany();
-            const std::string internal = set.AppCompanyInternal();
-            SYCompanyItem* company = treeDone ? nullptr : CompanyOf(node);
-            int order = 1;
-            if (!treeDone)
-                order = company != nullptr ? SYStrICmp(company->InternalName(), internal) : -1;
-            if (order < 0) {
-                node = DropCompany(node);
-                continue;
-            }
-            if (order > 0) {
-                if (const HTREEITEM added = InsertCompany(root, after, display, internal, platform))
-                    after = added;
-                if (treeDone)
-                    node = nullptr;
-                skipCompanyRun(set);
-                continue;
-            }
-            company->SetDisplayName(display);
-            if (!display.empty())
-                tree.SetItemText(node, display);
-            if (tree.ItemExpanded(node))
-                BuildApps(node, 1);
-            else
-                ResetCompanyNode(node);
-            skipCompanyRun(set);
-            after = node;
-            node = tree.GetNextSiblingItem(node);
+    // Both sides run in ascending order of the internal company name: one pass merges.
+    HTREEITEM node = tree.GetChildItem(root);
+    HTREEITEM after = TVI_FIRST;
+    auto row = companies.begin();
+    bool treeDone = false;
+    for (;;) {
+        const bool setDone = row == companies.end();
+        treeDone = treeDone || !HasImage(node, companyImage);
+        // A read that failed ends the merge where it got to: nothing behind is dropped.
+        if (setDone && (treeDone || !complete))
+            break;
+        if (setDone) {
+            node = DropCompany(node);
+            continue;
         }
-        set.Close();
-        if (tree.GetChildItem(root) == nullptr)
-            tree.Expand(root, TVE_COLLAPSE, 1, 1);
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
+        SYCompanyItem* company = treeDone ? nullptr : CompanyOf(node);
+        int order = 1;
+        if (!treeDone)
+            order = company != nullptr ? SYStrICmp(company->InternalName(), row->internalName) : -1;
+        if (order < 0) {
+            node = DropCompany(node);
+            continue;
+        }
+        if (order > 0) {
+            if (const HTREEITEM added = InsertCompany(root, after, *row, platform))
+                after = added;
+            if (treeDone)
+                node = nullptr;
+            ++row;
+            continue;
+        }
+        const std::string& display = row->DisplayName();
+        company->SetDisplayName(display);
+        if (!display.empty())
+            tree.SetItemText(node, display);
+        if (tree.ItemExpanded(node))
+            BuildApps(node, 1);
+        else
+            ResetCompanyNode(node);
+        ++row;
+        after = node;
+        node = tree.GetNextSiblingItem(node);
     }
+    if (complete && tree.GetChildItem(root) == nullptr)
+        tree.Expand(root, TVE_COLLAPSE, 1, 1);
 }
 
 HTREEITEM SYInvTreeWnd::FindAppNode(std::uint32_t appID, bool cePlatform) {
@@ -431,15 +365,6 @@ void SYInvTreeWnd::IgnoreApplication(std::uint32_t appID, std::uint8_t platform)
 
 // --- device branches ------------------------------------------------------------------
 
-HTREEITEM SYInvTreeWnd::InsertRoot(const std::string& text, int image, HTREEITEM after) {
-    return Tree().InsertItem(text, image, image, TVI_ROOT, after != nullptr ? after : TVI_LAST);
-}
-
-std::int32_t SYInvTreeWnd::SelectedFlatAppID(int image) const {
-    const HTREEITEM selected = Tree().GetSelectedItem();
-    return HasImage(selected, image) ? static_cast<std::int32_t>(Tree().GetItemData(selected)) : 0;
-}
-
 void SYInvTreeWnd::RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int image,
                                      std::int32_t oldID, HTREEITEM fallback) {
     SYTreeCtrlEx& tree = Tree();
@@ -478,30 +403,21 @@ void SYInvTreeWnd::UpdatePalmApps() {
 
 namespace {
 
-// Reads the applications of a flat branch into records; shownName gives the node text of
-// the enumerator's current row. A failure of the store is reported and ends the read.
-template <class Enumerator, class ShownName>
-void readFlatApps(SYDatabase* database, unsigned char appType, SYListItemArray& apps,
-                  ShownName shownName) {
+// The applications of a flat branch as items that show and sort by shownName. A failure of
+// the store is reported and ends the read; the rows read so far stay.
+template <class Load, class ShownName>
+void readFlatApps(Load load, std::uint8_t appType, SYListItemArray& apps, ShownName shownName) {
+    std::vector<AppRow> rows;
     try {
-        Enumerator enumerator(database);
-        if (!enumerator.BeginEnumApps())
-            return;
-        std::string name;
-        while (enumerator.EnumApp(name)) {
-            const std::string shown = shownName(enumerator, name);
-            auto* app = apps.Add(std::make_unique<SYAppItem>());
-            app->SetAppType(appType);
-            app->SetAppID(static_cast<std::uint32_t>(enumerator.CurrentAppID()));
-            app->SetAppName(shown);
-            app->SetAppNameInternal(shown);
-            app->SetAppVersion(enumerator.CurrentAppVersion());
-        }
-        enumerator.EndEnumApps();
+        load(rows);
     } catch (const CException& e) {
         SYExReport(e, nullptr);
     } catch (const SYStatus& status) {
         SYStatusReport(status, nullptr);
+    }
+    for (AppRow& row : rows) {
+        const std::string shown = shownName(row);
+        apps.Add(std::make_unique<SYAppItem>(std::move(row), appType, shown));
     }
 }
 
@@ -512,11 +428,9 @@ void SYInvTreeWnd::BuildPalmApps(HTREEITEM root) {
     Tree().SetRedraw(0);
     SYListItemArray apps;
     // The tree shows the name under the icon where the device has one.
-    readFlatApps<SYPalmAppEnum>(Database(), SYAppItem::AppTypePalm, apps,
-                                [](const SYPalmAppEnum& enumerator, const std::string& name) {
-                                    const std::string icon = enumerator.CurrentAppIconName();
-                                    return icon.empty() ? name : icon;
-                                });
+    readFlatApps([this](std::vector<AppRow>& rows) { Model().LoadPalmApps(rows); },
+                 SYAppItem::AppTypePalm, apps,
+                 [](const AppRow& row) { return row.iconName.empty() ? row.name : row.iconName; });
     RebuildFlatBranch(root, apps, SYAdminImages::ImagePalmApp, oldID, root);
 }
 
@@ -524,8 +438,8 @@ void SYInvTreeWnd::BuildRIMApps(HTREEITEM root) {
     const std::int32_t oldID = SelectedFlatAppID(SYAdminImages::ImageRIMApp);
     Tree().SetRedraw(0);
     SYListItemArray apps;
-    readFlatApps<SYRIMAppEnum>(Database(), SYAppItem::AppTypeRIM, apps,
-                               [](const SYRIMAppEnum&, const std::string& name) { return name; });
+    readFlatApps([this](std::vector<AppRow>& rows) { Model().LoadRIMApps(rows); },
+                 SYAppItem::AppTypeRIM, apps, [](const AppRow& row) { return row.name; });
     RebuildFlatBranch(root, apps, SYAdminImages::ImageRIMApp, oldID, m_rimAppsItem);
 }
 
@@ -546,12 +460,7 @@ void SYInvTreeWnd::UpdatePPCData() {
 bool SYInvTreeWnd::HaveRIMTable() {
     // An older store lacks the table; any failure to tell counts as that, unreported.
     try {
-        SYTableSet set(Database());
-        set.FilterForTable(RIMTable);
-        set.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
-        const bool have = !set.IsEOF();
-        set.Close();
-        return have;
+        return Model().HaveRIMTable();
     } catch (const CException&) {
         return false;
     } catch (const SYStatus&) {
@@ -635,146 +544,51 @@ int SYInvTreeWnd::CheckItemForText(HTREEITEM node, const std::string& text) {
 }
 
 int SYInvTreeWnd::FindUnidFile(const std::string& text, std::uint8_t platform) {
-    return FindFile(text, platform, &SYAppFileSet::FilterForUnidFiles);
+    return reportedFind([&] { return Search().FindUnidFile(text, platform); });
 }
 
 int SYInvTreeWnd::FindIgnoredFile(const std::string& text, std::uint8_t platform) {
-    return FindFile(text, platform, &SYAppFileSet::FilterForExcludedFiles);
-}
-
-int SYInvTreeWnd::FindFile(const std::string& text, std::uint8_t platform,
-                           void (SYAppFileSet::*filter)()) {
-    try {
-        SYAppFileSet set(Database());
-        set.InvDataType = platform;
-        (set.*filter)();
-        set.Open();
-        for (; !set.IsEOF(); set.MoveNext()) {
-            if (containsText(set.FileName(), text))
-                return 1;
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
-}
-
-int SYInvTreeWnd::FindAppFile(std::uint32_t appID, const std::string& text, std::uint8_t platform) {
-    try {
-        SYAppFileSet set(Database());
-        set.InvDataType = platform;
-        set.JoinLocations();
-        set.FilterForAppID(appID);
-        set.Open();
-        for (; !set.IsEOF(); set.MoveNext()) {
-            if (containsText(set.FileName(), text))
-                return 1;
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
+    return reportedFind([&] { return Search().FindIgnoredFile(text, platform); });
 }
 
 int SYInvTreeWnd::FindCompany(const std::string& text, std::uint8_t platform) {
-    try {
-        SYAppCompanySet set(Database());
-        set.InvDataType = platform;
-        set.Open();
-        // A company of several spellings is tested once, by its first row.
-        while (!set.IsEOF()) {
-            if (containsText(set.AppCompany(), text))
-                return 1;
-            skipCompanyRun(set);
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
+    return reportedFind([&] { return Search().FindCompany(text, platform); });
 }
 
 int SYInvTreeWnd::FindApp(const std::string& company, const std::string& text,
                           std::uint8_t platform) {
-    try {
-        SYAppEnum enumerator;
-        enumerator.SetDatabase(Database());
-        enumerator.InvDataType = platform;
-        enumerator.SetCompanyName(company);
-        if (!enumerator.BeginEnumApps())
-            return 0;
-        std::string name, version, internal;
-        while (enumerator.EnumApp(name, version, internal)) {
-            if (containsText(name, text))
-                return 1;
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
+    return reportedFind([&] { return Search().FindApp(company, text, platform); });
 }
 
-namespace {
-
-// 1 if an application the enumerator walks has the text in its name; a failure of the store
-// is reported and counts as no hit.
-template <class Enumerator> int anyAppNameContains(SYDatabase* database, const std::string& text) {
-    try {
-        Enumerator enumerator(database);
-        if (!enumerator.BeginEnumApps())
-            return 0;
-        std::string name;
-        while (enumerator.EnumApp(name)) {
-            if (containsText(name, text))
-                return 1;
-        }
-    } catch (const CException& e) {
-        SYExReport(e, nullptr);
-    }
-    return 0;
+int SYInvTreeWnd::FindAppFile(std::uint32_t appID, const std::string& text, std::uint8_t platform) {
+    return reportedFind([&] { return Search().FindAppFile(appID, text, platform); });
 }
-
-} // namespace
 
 int SYInvTreeWnd::FindPalmApp(const std::string& text) {
-    return anyAppNameContains<SYPalmAppEnum>(Database(), text);
+    return reportedFind([&] { return Search().FindPalmApp(text); });
 }
 
 int SYInvTreeWnd::FindRIMApp(const std::string& text) {
-    return anyAppNameContains<SYRIMAppEnum>(Database(), text);
+    return reportedFind([&] { return Search().FindRIMApp(text); });
 }
 
 void SYInvTreeWnd::UpdateAppCounts() {
     struct Count {
         HTREEITEM root;
-        const char* sql;
+        std::uint8_t invDataType;
         int label;
     };
     const std::array<Count, 4> counts{{
-        {m_appsItem,
-         "SELECT Count([Applications].AppID) AS AppCount FROM Applications WHERE "
-         "[Applications].AppInstalled=1",
-         IDS_ROOT_APPS},
-        {m_palmAppsItem,
-         "SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]",
-         IDS_ROOT_PALM_APPS},
-        {m_ppcAppsItem,
-         "SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
-         "[PPC Applications].AppInstalled=1",
-         IDS_ROOT_PPC_APPS},
-        {m_rimAppsItem,
-         "SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]",
-         IDS_ROOT_RIM_APPS},
+        {m_appsItem, InvDataWindows, IDS_ROOT_APPS},
+        {m_palmAppsItem, InvDataPalm, IDS_ROOT_PALM_APPS},
+        {m_ppcAppsItem, InvDataPPC, IDS_ROOT_PPC_APPS},
+        {m_rimAppsItem, InvDataRIM, IDS_ROOT_RIM_APPS},
     }};
     try {
-        SYRecordset set(Database());
         for (const Count& count : counts) {
-            if (count.root == nullptr)
-                continue;
-            set.Open(SYRecordset::forwardOnly, count.sql, 0);
-            std::string value;
-            set.GetFieldValue("AppCount", value);
-            set.Close();
-            Tree().SetItemText(count.root, rootLabel(count.label, value));
+            if (count.root != nullptr)
+                Tree().SetItemText(count.root,
+                                   rootLabel(count.label, Model().AppCount(count.invDataType)));
         }
     } catch (const CException& e) {
         SYExReport(e, nullptr);

@@ -2,13 +2,16 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "navigation/SYInvBaseTreeWnd.h"
 #include "outside/framework/SYListItemArray.h"
+#include "outside/store/SYInventoryModel.h"
+#include "outside/store/SYInventorySearch.h"
+#include "outside/widgets/SYAdminImages.h"
 #include "outside/widgets/SYImageList.h"
 #include "outside/widgets/SYTreeCtrlEx.h"
 
-class SYAppFileSet;
 class SYCompanyItem;
 
 // The navigation tree of the software inventory: one branch per platform, companies and
@@ -19,8 +22,8 @@ class SYInvTreeWnd : public SYInvBaseTreeWnd {
     SY_DECLARE_DYNCREATE(SYInvTreeWnd)
 
 public:
-    SYInvTreeWnd();
-    ~SYInvTreeWnd() override;
+    SYInvTreeWnd() = default;
+    ~SYInvTreeWnd() override = default;
 
     int Initialize(unsigned id, SYWnd* parent) override;
 
@@ -43,25 +46,51 @@ public:
 
     const SYListItemArray& Companies() const { return m_companies; }
 
-    int IsItemCompany(HTREEITEM node) const;
-    int IsItemApplication(HTREEITEM node) const;
-    int IsItemPPCCompany(HTREEITEM node) const;
-    int IsItemPPCApplication(HTREEITEM node) const;
-    int IsItemPalmApplication(HTREEITEM node) const;
-    int IsItemRIMApplication(HTREEITEM node) const;
+    int IsItemCompany(HTREEITEM node) const { return HasImage(node, SYAdminImages::ImageCompany); }
+    int IsItemApplication(HTREEITEM node) const {
+        return HasImage(node, SYAdminImages::ImageApplication);
+    }
+    int IsItemPPCCompany(HTREEITEM node) const {
+        return HasImage(node, SYAdminImages::ImagePPCCompany);
+    }
+    int IsItemPPCApplication(HTREEITEM node) const {
+        return HasImage(node, SYAdminImages::ImagePPCApp);
+    }
+    int IsItemPalmApplication(HTREEITEM node) const {
+        return HasImage(node, SYAdminImages::ImagePalmApp);
+    }
+    int IsItemRIMApplication(HTREEITEM node) const {
+        return HasImage(node, SYAdminImages::ImageRIMApp);
+    }
 
     int GetSelectedCompany(std::string& name) const;
     int GetSelectedCompanyDisplayName(std::string& name) const;
-    std::uint32_t GetSelectedAppID() const;
-    std::int32_t GetSelectedPalmAppID() const;
-    std::int32_t GetSelectedRIMAppID() const;
+    std::uint32_t GetSelectedAppID() const {
+        return SelectedDataFor(SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
+    }
+    std::int32_t GetSelectedPalmAppID() const {
+        return static_cast<std::int32_t>(
+            SelectedDataFor(SYAdminImages::ImagePalmApp, SYAdminImages::ImagePalmApp));
+    }
+    std::int32_t GetSelectedRIMAppID() const {
+        return static_cast<std::int32_t>(
+            SelectedDataFor(SYAdminImages::ImageRIMApp, SYAdminImages::ImageRIMApp));
+    }
 
     // The name is the node's text, so the display name.
     int SelectCompany(const std::string& name, HTREEITEM root);
     // A null parent means the selected node.
-    int SelectApplication(std::uint32_t id, HTREEITEM parent);
-    int SelectPalmApplication(std::int32_t id, HTREEITEM parent);
-    int SelectRIMApplication(std::int32_t id, HTREEITEM parent);
+    int SelectApplication(std::uint32_t id, HTREEITEM parent) {
+        return SelectChild(parent, id, SYAdminImages::ImageApplication, SYAdminImages::ImagePPCApp);
+    }
+    int SelectPalmApplication(std::int32_t id, HTREEITEM parent) {
+        return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImagePalmApp,
+                           SYAdminImages::ImagePalmApp);
+    }
+    int SelectRIMApplication(std::int32_t id, HTREEITEM parent) {
+        return SelectChild(parent, static_cast<std::uint32_t>(id), SYAdminImages::ImageRIMApp,
+                           SYAdminImages::ImageRIMApp);
+    }
 
     // Builds an unbuilt company; the console calls it before a node expands.
     void CheckBuildItem(HTREEITEM node);
@@ -105,13 +134,21 @@ protected:
     void UpdateAppCounts();
 
 private:
-    int HasImage(HTREEITEM node, int image) const;
+    SYInventoryModel Model() const { return SYInventoryModel(Database()); }
+    SYInventorySearch Search() const { return SYInventorySearch(Database()); }
+    int HasImage(HTREEITEM node, int image) const {
+        return node != nullptr && Tree().GetItemImage(node) == image;
+    }
     // The record of a company node, or null.
     SYCompanyItem* CompanyOf(HTREEITEM node) const;
     std::uint32_t SelectedDataFor(int image, int otherImage) const;
     int SelectChild(HTREEITEM parent, std::uint32_t id, int image, int otherImage);
-    HTREEITEM InsertCompany(HTREEITEM root, HTREEITEM after, const std::string& display,
-                            const std::string& internal, std::uint8_t platform);
+    // A failed read (complete false) ends the merge at its last row instead of dropping
+    // the nodes behind it.
+    void MergeCompanies(HTREEITEM root, const std::vector<SYInventoryModel::CompanyRow>& companies,
+                        bool complete, std::uint8_t platform);
+    HTREEITEM InsertCompany(HTREEITEM root, HTREEITEM after,
+                            const SYInventoryModel::CompanyRow& company, std::uint8_t platform);
     // Gives the node's next sibling.
     HTREEITEM DropCompany(HTREEITEM node);
     // The platform's node to delete for IgnoreApplication, or null.
@@ -119,10 +156,15 @@ private:
     void DeleteSelectedNode(HTREEITEM node);
     void RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int image, std::int32_t oldID,
                            HTREEITEM fallback);
-    std::int32_t SelectedFlatAppID(int image) const;
+    std::int32_t SelectedFlatAppID(int image) const {
+        const HTREEITEM selected = Tree().GetSelectedItem();
+        return HasImage(selected, image) ? static_cast<std::int32_t>(Tree().GetItemData(selected))
+                                         : 0;
+    }
     bool HaveRIMTable();
-    int FindFile(const std::string& text, std::uint8_t platform, void (SYAppFileSet::*filter)());
-    HTREEITEM InsertRoot(const std::string& text, int image, HTREEITEM after);
+    HTREEITEM InsertRoot(const std::string& text, int image, HTREEITEM after) {
+        return Tree().InsertItem(text, image, image, TVI_ROOT, after != nullptr ? after : TVI_LAST);
+    }
 
     SYListItemArray m_companies;
     SYImageList m_imageList;

@@ -4,7 +4,7 @@
 
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYFileVerdict.h"
-#include "outside/store/SYRecordset.h"
+#include "outside/store/SYInventoryModel.h"
 #include "outside/store/SYSWInvObject.h"
 
 namespace {
@@ -16,27 +16,11 @@ long long count(SYDatabase& database, const std::string& sql, std::int64_t param
     return statement->Step() ? statement->Int64(0) : 0;
 }
 
-long long countText(SYDatabase& database, const char* text) {
-    SYRecordset set(database);
-    set.Open(SYRecordset::forwardOnly, text, SYRecordset::readOnly);
-    std::string value;
-    set.GetFieldValue("AppCount", value);
-    return std::stoll(value);
-}
-
-const char* const kAppCounts[] = {
-    "SELECT Count([Applications].AppID) AS AppCount FROM Applications WHERE "
-    "[Applications].AppInstalled=1",
-    "SELECT Count([PPC Applications].AppID) AS AppCount FROM [PPC Applications] WHERE "
-    "[PPC Applications].AppInstalled=1",
-    "SELECT Count([Palm Applications].AppID) AS AppCount FROM [Palm Applications]",
-    "SELECT Count([RIM Applications].AppID) AS AppCount FROM [RIM Applications]",
-};
-
 } // namespace
 
 void SYInventorySummary::Load(SYDatabase& database) {
     const bool haveRIM = database.HaveTable("RIM Applications");
+    const SYInventoryModel model(&database);
     const std::string files = "SELECT COUNT(*) FROM Files WHERE InvDataType = ?1";
     for (std::int64_t type = InvDataWindows; type <= InvDataRIM; ++type) {
         Counts& counts = m_counts[static_cast<std::size_t>(type)];
@@ -48,8 +32,9 @@ void SYInventorySummary::Load(SYDatabase& database) {
         counts.unidentified =
             count(database, files + " AND " + SYUnidentifiedFileSql("FileState"), type);
         counts.ignored = count(database, files + " AND " + SYIgnoredFileSql("FileState"), type);
-        counts.applications =
-            type == InvDataRIM && !haveRIM ? 0 : countText(database, kAppCounts[type]);
+        counts.applications = type == InvDataRIM && !haveRIM
+                                  ? 0
+                                  : std::stoll(model.AppCount(static_cast<std::uint8_t>(type)));
     }
 }
 

@@ -6,8 +6,8 @@
 #include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
-#include "outside/store/SYAppCompanySet.h"
 #include "outside/store/SYAppNames.h"
+#include "outside/store/SYInventoryModel.h"
 #include "outside/widgets/CDataExchange.h"
 #include "outside/widgets/SYFontMetrics.h"
 #include "outside/widgets/SYWidgetIds.h"
@@ -42,20 +42,13 @@ int SYAppCompanySelectDlg::LoadCompanies() {
         if (m_database == nullptr)
             throw CInvalidArgException("The company list needs a database.");
         SYWaitCursor wait;
-        SYAppCompanySet set(m_database);
-        set.InvDataType = InvDataType;
-        set.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
-        // The set brings the spellings of one company together, the commonest first.
-        for (; !set.IsEOF(); set.MoveNext()) {
-            // Applications without a company have nothing to pick: the name stays empty.
-            if (set.AppCompanyInternal().empty())
-                continue;
-            if (m_companies.empty() ||
-                SYStrICmp(m_companies.back().internalName, set.AppCompanyInternal()) != 0)
-                m_companies.push_back({set.AppCompanyInternal(), {}});
-            m_companies.back().spellings.push_back(set.AppCompany());
-        }
-        set.Close();
+        // Applications without a company have nothing to pick: the name stays empty.
+        SYInventoryModel(m_database)
+            .ForEachCompany(InvDataType, [this](const SYInventoryModel::CompanyRow& company) {
+                if (!company.internalName.empty())
+                    m_companies.push_back(company);
+                return true;
+            });
         return 1;
     } catch (const CException& exception) {
         m_companies.clear();
@@ -82,7 +75,7 @@ void SYAppCompanySelectDlg::FillList() {
     m_list.AddHeader(IDS_HDR_COMPANY_LIST);
     int width = m_list.GetStringWidth(m_list.GetColumnTitle(0));
     for (std::size_t index = 0; index < m_companies.size(); ++index) {
-        const std::string& shown = m_companies[index].spellings.front();
+        const std::string& shown = m_companies[index].DisplayName();
         const int row = m_list.InsertBitmapString(-1, -1, "");
         m_list.SetItemText(row, 0, shown);
         m_list.SetItemData(row, static_cast<std::uint32_t>(index));
@@ -91,7 +84,8 @@ void SYAppCompanySelectDlg::FillList() {
     m_list.SetColWidth(0, width + SYFontMetrics::ColumnPadding);
 }
 
-bool SYAppCompanySelectDlg::Names(const Company& company, const std::string& text) const {
+bool SYAppCompanySelectDlg::Names(const SYInventoryModel::CompanyRow& company,
+                                  const std::string& text) const {
     if (SYStrICmp(company.internalName, SYAppNames::CompanyKey(text)) == 0)
         return true;
     return std::any_of(company.spellings.begin(), company.spellings.end(),
@@ -106,7 +100,7 @@ int SYAppCompanySelectDlg::FindCompany(const std::string& text) const {
             return static_cast<int>(index);
     }
     for (std::size_t index = 0; index < m_companies.size(); ++index) {
-        if (beginsWith(m_companies[index].spellings.front(), text))
+        if (beginsWith(m_companies[index].DisplayName(), text))
             return static_cast<int>(index);
     }
     return -1;
@@ -135,7 +129,7 @@ void SYAppCompanySelectDlg::OnSelectionChanged() {
     const int row = m_list.GetSelectedItem();
     if (row != -1) {
         m_following = true;
-        m_nameEdit.SetWindowText(m_companies[m_list.GetItemData(row)].spellings.front());
+        m_nameEdit.SetWindowText(m_companies[m_list.GetItemData(row)].DisplayName());
         m_following = false;
     }
     UpdateControls();
@@ -150,6 +144,6 @@ void SYAppCompanySelectDlg::OnOK() {
     const int row = m_list.GetSelectedItem();
     if (row == -1)
         return;
-    m_companyName = m_companies[m_list.GetItemData(row)].spellings.front();
+    m_companyName = m_companies[m_list.GetItemData(row)].DisplayName();
     EndDialog(IDOK);
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "outside/store/SYInventoryModel.h"
 #include "outside/store/SYSWInvObject.h"
 #include "outside/widgets/CDialog.h"
 #include "outside/widgets/SYEdit.h"
@@ -34,25 +35,19 @@ protected:
     void OnOK() override;
 
 private:
-    struct Company {
-        std::string internalName;
-        // The shown spelling first, then the others the inventory uses.
-        std::vector<std::string> spellings;
-    };
-
     int LoadCompanies();
     void FillList();
     // The company that text names, by a spelling or its key; else the first whose shown
     // name begins with text; -1 for none or an empty text.
     int FindCompany(const std::string& text) const;
-    bool Names(const Company& company, const std::string& text) const;
+    bool Names(const SYInventoryModel::CompanyRow& company, const std::string& text) const;
     void OnNameChanged();
     void OnSelectionChanged();
     void UpdateControls();
 
     SYDatabase* m_database = nullptr;
     std::string m_companyName;
-    std::vector<Company> m_companies;
+    std::vector<SYInventoryModel::CompanyRow> m_companies;
     SYEdit m_nameEdit;
     SYListCtrlEx m_list;
     // Set while the edit follows the list, so the edit's change does not search again.

@@ -6,7 +6,7 @@
 #include "outside/services/SYConsoleApp.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
-#include "outside/store/SYAppSet.h"
+#include "outside/store/SYInventoryModel.h"
 #include "outside/widgets/CDataExchange.h"
 #include "outside/widgets/SYFontMetrics.h"
 #include "outside/widgets/SYWidgetIds.h"
@@ -39,13 +39,7 @@ int SYAppSelectDlg::LoadApps() {
         if (m_database == nullptr)
             throw CInvalidArgException("The application list needs a database.");
         SYWaitCursor wait;
-        SYAppSet set(m_database);
-        set.InvDataType = InvDataType;
-        set.FilterForInstalledApps();
-        set.Open(SYRecordset::forwardOnly, nullptr, SYRecordset::readOnly);
-        for (; !set.IsEOF(); set.MoveNext())
-            m_apps.push_back({set.AppID(), set.AppName(), set.AppVersion(), set.AppCompany()});
-        set.Close();
+        SYInventoryModel(m_database).LoadInstalledApps(InvDataType, m_apps);
         return 1;
     } catch (const CException& exception) {
         m_apps.clear();
@@ -72,7 +66,7 @@ void SYAppSelectDlg::FillList() {
     std::vector<int> widths;
     for (int column = 0; column < m_list.GetColumnCount(); ++column)
         widths.push_back(m_list.GetStringWidth(m_list.GetColumnTitle(column)));
-    for (const Entry& app : m_apps) {
+    for (const SYInventoryModel::AppRow& app : m_apps) {
         const std::string cells[] = {app.name, app.version,
                                      app.company.empty() ? noCompany : app.company};
         // Cell by cell, so that a tab in a scanned name cannot shift the columns.

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "outside/store/SYInventoryModel.h"
 #include "outside/store/SYSWInvObject.h"
 #include "outside/widgets/CDialog.h"
 #include "outside/widgets/SYListCtrlEx.h"
@@ -31,20 +32,13 @@ protected:
     void OnOK() override;
 
 private:
-    struct Entry {
-        unsigned long appID;
-        std::string name;
-        std::string version;
-        std::string company;
-    };
-
     // Reads the applications in the store's order: company, then name, then version.
     int LoadApps();
     void FillList();
     void UpdateControls();
 
     SYDatabase* m_database = nullptr;
-    std::vector<Entry> m_apps;
+    std::vector<SYInventoryModel::AppRow> m_apps;
     SYListCtrlEx m_list;
     unsigned long m_appID = 0;
 };
