@@ -4,11 +4,9 @@
 #include <functional>
 #include <random>
 #include <string>
-#include <vector>
 
 class SYDatabase;
 class SYInventoryWriter;
-class SYSystemRulesWriter;
 
 // Makes realistic inventories for demos, tests and benchmarks through the inventory
 // writer, the same for the same options: PCs, Windows CE, Palm and BlackBerry devices in
@@ -55,17 +53,11 @@ public:
 
 private:
     void WriteSystemRules(const std::string& installFolder);
-    void WriteEstateSystemRules(SYSystemRulesWriter& rules);
     void WriteMachine(SYInventoryWriter& writer, int index);
     void WriteCEDevice(SYInventoryWriter& writer, int index);
     void WritePalmDevice(SYInventoryWriter& writer, int index);
     void WriteRIMDevice(SYInventoryWriter& writer, int index);
     void WriteUserRules(SYInventoryWriter& writer);
-    void WriteSystemFiles(SYInventoryWriter& writer, unsigned long pc);
-    void WriteCatalogueApps(SYInventoryWriter& writer, unsigned long pc);
-    void WriteLocalFiles(SYInventoryWriter& writer, unsigned long pc, int index,
-                         const std::string& home);
-    void WriteEstateUserRules(SYInventoryWriter& writer, std::vector<unsigned long>& retired);
     void WriteTailApps(SYInventoryWriter& writer, unsigned char invDataType, unsigned long client,
                        int count);
     int Pick(int count);
