@@ -2,14 +2,17 @@
 //
 // Opens the inventory FILE (by default the demo inventory under $XDG_DATA_HOME or
 // ~/.local/share/trellisview/), creating the demo inventory and its system rules first when
-// it is absent, and prints its summary per platform.
+// it is absent. On a terminal it starts the console there; with --summary, or when stdin or
+// stdout is no terminal, it prints the inventory's summary per platform.
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <unistd.h>
 
 #include "SYCommandLine.h"
+#include "SYTermConsoleProgram.h"
 #include "outside/framework/CException.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryGenerator.h"
@@ -41,11 +44,14 @@ int main(int argc, char** argv) {
     if (SYCommandLine::Wants(argc, argv))
         return SYCommandLine::Run(argc, argv);
     std::filesystem::path database = defaultDatabase();
+    bool summaryOnly = false;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
         if (arg == "--db" && i + 1 < argc)
             database = argv[++i];
-        else if (arg != "--summary")
+        else if (arg == "--summary")
+            summaryOnly = true;
+        else
             return usage(argv[0]);
     }
     try {
@@ -53,6 +59,8 @@ int main(int argc, char** argv) {
         if (SYInventoryGenerator::CreateIfAbsent(database.string(), install.string(),
                                                  SYInventoryGenerator::DemoOptions()) != 0)
             std::printf("Created the demo inventory %s\n", database.string().c_str());
+        if (!summaryOnly && isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0)
+            return SYTermConsoleProgram::Run(database.string());
         SYDatabase db;
         db.Open(database.string());
         SYInventorySummary summary;
