@@ -562,7 +562,7 @@ int SYTermConsole::Search(const std::string& text) {
             continue;
         }
         if (company) {
-            Expand(node);
+            // The check built the company; its applications come next in the walk.
             node = tree.WalkNext(node);
             continue;
         }

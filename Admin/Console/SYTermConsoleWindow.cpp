@@ -506,7 +506,6 @@ void SYTermConsoleWindow::DrawList(const SYListCtrlEx& list, int top, int left, 
 // The tab strip, then the active page's controls at their places, lists filling theirs.
 void SYTermConsoleWindow::DrawTabWnd(SYTabWnd& view, int top, int height) {
     const int left = m_treeCols + 1;
-    const int width = m_cols - left;
     int col = left;
     for (int page = 0; page < view.GetPageCount(); ++page) {
         const std::string title = " " + view.GetPageTitle(page) + " ";
@@ -538,7 +537,6 @@ void SYTermConsoleWindow::DrawTabWnd(SYTabWnd& view, int top, int height) {
                                 std::min(rect.Width() / SYFontMetrics::CharWidth, m_cols - at)),
                          SYTermAttr::Normal);
     }
-    (void)width;
 }
 
 void SYTermConsoleWindow::DrawStatus() {
