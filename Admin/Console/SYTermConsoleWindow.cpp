@@ -266,8 +266,8 @@ void SYTermConsoleWindow::HandleRightKey(int key) {
     if (isEnter(key)) {
         ShowBusy();
         m_console.OpenRight();
-        if (m_console.Shown() != SYTermConsole::View::List || m_console.RightList() == nullptr)
-            SetFocus(m_focus);
+        // What opened may be another list: the focus goes to it.
+        m_console.FocusRight();
         return;
     }
     if (SYListCtrlEx* list = m_console.RightList())
