@@ -37,22 +37,23 @@ protected:
         Tmux("capture-pane -p -t tv > '" + dir.File("pane.txt") + "' 2>/dev/null");
         return readFile(dir.File("pane.txt"));
     }
-    // The pane once it shows the text, or as it stands after a few seconds.
+    // The pane once it shows the text, or as it stands after half a minute (a loaded machine
+    // and the sanitizers make the program slow to start).
     std::string WaitFor(const std::string& text) {
         std::string pane;
-        for (int i = 0; i < 100; ++i) {
+        for (int i = 0; i < 300; ++i) {
             pane = Pane();
             if (pane.find(text) != std::string::npos)
                 break;
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
         return pane;
     }
     bool SessionGone() {
-        for (int i = 0; i < 100; ++i) {
+        for (int i = 0; i < 300; ++i) {
             if (Tmux("has-session -t tv 2>/dev/null") != 0)
                 return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
         return false;
     }
