@@ -180,6 +180,22 @@ TEST_F(TermConsoleTest, SearchOpensTheApplicationViewAndItsDoubleClickOpensAnIns
     EXPECT_NE(Play().find("Not found: nothing like it"), std::string::npos);
 }
 
+TEST_F(TermConsoleTest, IgnoringAnApplicationFromTheTreeTakesItsNodeAway) {
+    SYScriptedModalHost host;
+    IdentifySetup(host);
+    screen.Keys({'/'});
+    screen.Type("wizard");
+    screen.Keys({Keys::Newline, Keys::Tab});
+    Play();
+    ASSERT_EQ(window->Focus(), SYTermConsole::Pane::Tree);
+    host.ExpectDialog(IDD_IGNORE_APP).PressOK();
+    screen.Keys({Keys::F(9), Keys::Newline});
+    const std::string shown = Play();
+    EXPECT_TRUE(host.ScriptDone());
+    EXPECT_EQ(shown.find("Setup Wizard"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("Acme Installers"), std::string::npos) << "the company node stays";
+}
+
 TEST_F(TermConsoleTest, PrintWritesTheShownViewToAPdfAndSaysWhere) {
     BrowseTo("Unidentified Windows CE Files");
     screen.Keys({Keys::F(10), Keys::Newline});
