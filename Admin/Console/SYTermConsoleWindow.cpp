@@ -20,7 +20,7 @@ constexpr const char* kHints = "F1 Help  F10 Menu  F9 Actions  Tab Pane  / Searc
 constexpr const char* kBusy = "Working...";
 
 // The keys F1 lists, in the order a newcomer needs them.
-constexpr std::array<const char*, 15> kHelp{
+constexpr std::array<const char*, 14> kHelp{
     "Up, Down         move in the tree or the list",
     "PgUp, PgDn       move a page",
     "Home, End        first or last line",
@@ -35,7 +35,6 @@ constexpr std::array<const char*, 15> kHelp{
     "F1               this help",
     "Esc              close a menu, prompt or dialog",
     "q                quit",
-    "",
 };
 
 std::string fitted(std::string text, int width) {
