@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "SYTermConsole.h"
+#include "outside/widgets/SYMenu.h"
+
+class SYTermScreen;
+
+// The console's main screen on a terminal: a menu bar, the tree on the left, the list or an
+// application view on the right, and a status line with key hints, the busy mark and the
+// last note. It draws what the console's windows hold and turns keys into console calls.
+class SYTermConsoleWindow {
+public:
+    SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& screen);
+
+    // Draws and answers keys until the user quits or the screen runs out of keys.
+    void Run();
+    // Answers one key; false once the user quit.
+    bool HandleKey(int key);
+    void Draw();
+    SYTermConsole::Pane Focus() const { return m_focus; }
+
+private:
+    struct TreeLine {
+        HTREEITEM node;
+        int depth;
+    };
+
+    void Layout();
+    std::vector<TreeLine> VisibleNodes();
+    void DrawMenuBar();
+    void DrawTree(int top, int height);
+    void DrawRight(int top, int height);
+    void DrawList(const SYListCtrlEx& list, int top, int left, int width, int height);
+    void DrawTabWnd(SYTabWnd& view, int top, int height);
+    void DrawStatus();
+    void ShowBusy();
+    void HandleTreeKey(int key);
+    void HandleRightKey(int key);
+    void MoveInList(SYListCtrlEx& list, int key);
+    void SetFocus(SYTermConsole::Pane pane);
+    void Execute(int command);
+    void MenuBar();
+    void ContextMenu();
+    std::vector<SYMenuItem> ActionItems();
+    // Reads a line on the status line; empty when cancelled.
+    std::string Prompt(const std::string& label);
+    void Help();
+
+    SYTermConsole& m_console;
+    SYTermScreen& m_screen;
+    SYTermConsole::Pane m_focus = SYTermConsole::Pane::Tree;
+    int m_rows = 0;
+    int m_cols = 0;
+    int m_treeCols = 0;
+    int m_treeTop = 0;
+    std::size_t m_reportsSeen = 0;
+    std::string m_message;
+    bool m_quit = false;
+};
