@@ -91,25 +91,14 @@ TEST_F(SYAppFileTest, VerdictStates) {
         AppFileState state;
         const char* verdict;
     };
+    const char* const byUserRule = "on F.EXE|App of F.EXE|2.1|Maker";
     const Case cases[] = {
         {"no rule", 0, -1, -1, {}, AppFileNoRule, "|||"},
         {"system identification", 1, -1, 0, {}, AppFileSystemIdentified, "on f.exe|||"},
-        {"user identification",
-         1,
-         0,
-         -1,
-         {},
-         AppFileUserIdentified,
-         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"user identification", 1, 0, -1, {}, AppFileUserIdentified, byUserRule},
         {"system ignore", 0, -1, 1, {}, AppFileSystemIgnored, "on f.exe|||"},
         {"user ignore", 1, 1, -1, 1000, AppFileUserIgnored, "on F.EXE|||"},
-        {"user before system",
-         0,
-         0,
-         1,
-         {},
-         AppFileUserIdentified,
-         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"user before system", 0, 0, 1, {}, AppFileUserIdentified, byUserRule},
         {"unknown user type", 0, 2, -1, {}, AppFileSystemIdentified, "on F.EXE|||"},
         {"rule of another size", 1, 1, -1, 5, AppFileNoRule, "|||"},
     };
