@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "details/DetailsInventory.h"
 #include "details/SYPalmAppInstDetailsDlg.h"
 #include "details/SYPalmAppTabWnd.h"
 #include "details/SYRIMAppInstDetailsDlg.h"
 #include "details/SYRIMAppTabWnd.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "resources/SYResourceIds.h"
+#include "support/DetailsInventory.h"
 #include "support/SYScriptedModalHost.h"
 
 namespace {
@@ -110,7 +110,7 @@ TEST_F(HandheldViews, PalmDetailsListTheDeviceRowAsNamesAndValues) {
         none.SetInstInfo(static_cast<std::int32_t>(c.app), static_cast<std::uint32_t>(c.device));
         EXPECT_EQ(none.DoModal(), 2) << c.app << " on " << c.device;
     }
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
     EXPECT_TRUE(host.ScriptDone());
 }
 

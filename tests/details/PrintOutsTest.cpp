@@ -5,11 +5,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "details/DetailsInventory.h"
 #include "details/SYAppTabWnd.h"
 #include "details/SYPalmAppTabWnd.h"
 #include "details/SYRIMAppTabWnd.h"
 #include "outside/widgets/SYPrintEngine.h"
+#include "support/DetailsInventory.h"
 #include "support/TempDir.h"
 
 namespace {

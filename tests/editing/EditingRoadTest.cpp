@@ -4,10 +4,10 @@
 
 #include "editing/SYEditIdRuleDlg.h"
 #include "navigation/InventoryFixture.h"
-#include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "resources/SYResourceIds.h"
 #include "rules/SYSWRule.h"
+#include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 
 namespace {
@@ -33,6 +33,7 @@ protected:
         tree.UpdateTree();
     }
 
+    ReportCapture reports;
     SYSWRule engine;
 };
 
@@ -63,7 +64,7 @@ TEST_F(EditingRoad, IdentifyingASelectedFileTakesEveryRowItCoversOutOfTheList) {
     EXPECT_EQ(Column(0), Strings{"junk.tmp"}) << "what the store now says";
     tree.UpdateTree();
     EXPECT_EQ(Texts(tree.PPCAppsItem()), Strings{"Acme Installers"});
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "editing/RuleDialogFixture.h"
 #include "editing/SYEditExcludeDlg.h"
 #include "editing/SYEditIdRuleDlg.h"
 #include "outside/framework/SYListItemArray.h"
@@ -16,6 +15,7 @@
 #include "outside/widgets/SYButton.h"
 #include "outside/widgets/SYDateTimeEdit.h"
 #include "resources/SYResourceIds.h"
+#include "support/RuleDialogFixture.h"
 #include "support/StoreDump.h"
 #include "support/TempDir.h"
 
@@ -237,7 +237,7 @@ TEST_F(RuleDialogs, ImmediateSaveRefusesBadInputAndAsksBeforeOverwriting) {
         const auto lines = [](const std::string& t) { return std::count(t.begin(), t.end(), '|'); };
         EXPECT_EQ(Count("SELECT COUNT(*) FROM SWRules"),
                   rows + (lines(c.rulesAfter) - lines(rulesBefore)) / 7);
-        EXPECT_TRUE(SYGetApp().Reports().empty());
+        EXPECT_TRUE(reports.Empty());
     }
 }
 

@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "editing/RuleDialogFixture.h"
 #include "editing/SYAppFilePropSheet.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYPrintEngine.h"
 #include "outside/widgets/SYTextWnd.h"
 #include "resources/SYResourceIds.h"
+#include "support/RuleDialogFixture.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -4,10 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "editing/RuleDialogFixture.h"
 #include "editing/SYIgnoreAppDlg.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "resources/SYResourceIds.h"
+#include "support/FaultSweep.h"
+#include "support/RuleDialogFixture.h"
 #include "support/StoreDump.h"
 
 namespace {
@@ -76,7 +77,7 @@ TEST_F(IgnoreApp, MissingSetupOrUnreadableFilesShowNothing) {
     dialog.SetSWRule(&engine);
     db.FailStatement();
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    EXPECT_EQ(SYGetApp().Reports().size(), 1u);
+    EXPECT_EQ(reports.Size(), 1u);
 }
 
 // A failure at any statement of the save keeps the rules written before it, and only them:
@@ -93,9 +94,9 @@ TEST_F(IgnoreApp, AFaultAtEveryStatementKeepsTheRulesBeforeIt) {
     const auto among = [](const std::vector<std::string>& states, const std::string& state) {
         return std::find(states.begin(), states.end(), state) != states.end();
     };
-    int faults = 0;
-    for (int nth = 1;; ++nth) {
-        SCOPED_TRACE(nth);
+    FaultSweep sweep(db);
+    while (sweep.Next()) {
+        SCOPED_TRACE(sweep.Nth());
         Rebuild();
         AddToolDllRule();
         TestIgnoreAppDlg dialog;
@@ -103,19 +104,17 @@ TEST_F(IgnoreApp, AFaultAtEveryStatementKeepsTheRulesBeforeIt) {
         dialog.SetSWRule(&engine);
         dialog.SetAppID(ToolAppID());
         ASSERT_EQ(dialog.LoadData(), 1);
-        db.FailStatement(nth);
+        sweep.Arm();
         const int result = dialog.SaveData();
-        db.ClearFault();
-        if (SYGetApp().Reports().empty()) {
+        ASSERT_EQ(reports.Size(), sweep.Fired() ? 1U : 0U);
+        if (!sweep.Fired()) {
             EXPECT_EQ(result, 1);
             EXPECT_EQ(ActiveRules(), saved[0]);
-            break;
+            continue;
         }
-        ++faults;
-        EXPECT_EQ(SYGetApp().Reports().size(), 1u);
         EXPECT_TRUE(among(result == 0 ? failed : saved, ActiveRules())) << ActiveRules();
     }
-    EXPECT_GE(faults, 3);
+    EXPECT_GE(sweep.Faults(), 3);
 }
 
 } // namespace

@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "editing/RuleDialogFixture.h"
 #include "editing/SYSWRuleConfigPropSheet.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "resources/SYResourceIds.h"
+#include "support/FaultSweep.h"
+#include "support/RuleDialogFixture.h"
 #include "support/StoreDump.h"
 
 namespace {
@@ -94,7 +95,7 @@ TEST_F(RuleConfiguration, TheJournalIsAppliedOnOKAndDroppedOnCancel) {
     EXPECT_NE(rulesChanged, 0);
     EXPECT_EQ(ActiveRules(), SetupRuleEdited + Added);
     EXPECT_EQ(FileState("junk.tmp"), 0) << "no rule ignores it any more";
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
 }
 
 TEST_F(RuleConfiguration, AnAddOverARuleOfTheOtherKindTakesItsPlaceAndItsId) {
@@ -155,32 +156,31 @@ TEST_F(RuleConfiguration, AFaultAtEveryStatementOfTheSaveKeepsOnlyWhatWasWritten
         SetupRuleEdited,        SetupRuleEdited + Added,
         Junk + SetupRuleEdited, Junk + SetupRuleEdited + Added,
     };
-    int faults = 0;
-    for (int nth = 1;; ++nth) {
-        SCOPED_TRACE(nth);
+    FaultSweep sweep(db);
+    while (sweep.Next()) {
+        SCOPED_TRACE(sweep.Nth());
         Rebuild();
         bool stayedOpen = false;
         Run([&](Script& s, SYScriptedModalHost& host) {
             journal(s, host);
             s.Inspect([&](CDialog& d) {
-                db.FailStatement(nth);
+                sweep.Arm();
                 d.OnCommand(SYMakeCommand(IDOK, BN_CLICKED), 0);
-                db.ClearFault();
+                EXPECT_EQ(reports.Size(), sweep.Fired() ? 1U : 0U);
                 stayedOpen = !d.IsModalEnded();
                 if (stayedOpen)
                     d.EndDialog(IDCANCEL);
             });
         });
-        if (SYGetApp().Reports().empty()) {
+        if (!sweep.Fired()) {
             EXPECT_FALSE(stayedOpen);
             EXPECT_EQ(ActiveRules(), SetupRuleEdited + Added);
-            break;
+            continue;
         }
-        ++faults;
         EXPECT_NE(std::find(survivors.begin(), survivors.end(), ActiveRules()), survivors.end())
             << ActiveRules();
     }
-    EXPECT_GE(faults, 5);
+    EXPECT_GE(sweep.Faults(), 5);
 }
 
 } // namespace

@@ -34,16 +34,20 @@ std::vector<int> values(const SYListItemArray& array) {
     return result;
 }
 
-TEST(SYListItemArray, SortsBothWaysAndKeepsEmptySlotsLast) {
+TEST(SYListItemArray, SortsBothWaysStablyAndKeepsEmptySlotsLast) {
     SYListItemArray array;
     for (int v : {5, 3, 9, 1, 7})
         new ValueItem(v, &array);
     array.Add(nullptr);
     new ValueItem(2, &array);
+    const SYListItem* firstFive = array.GetAt(0);
+    const SYListItem* secondFive = new ValueItem(5, &array);
     array.SortArray(0, 1);
-    EXPECT_EQ(values(array), (std::vector<int>{1, 2, 3, 5, 7, 9, -1}));
+    EXPECT_EQ(values(array), (std::vector<int>{1, 2, 3, 5, 5, 7, 9, -1}));
+    EXPECT_LT(array.Find(firstFive), array.Find(secondFive));
     array.SortArray(0, 0);
-    EXPECT_EQ(values(array), (std::vector<int>{9, 7, 5, 3, 2, 1, -1}));
+    EXPECT_EQ(values(array), (std::vector<int>{9, 7, 5, 5, 3, 2, 1, -1}));
+    EXPECT_LT(array.Find(firstFive), array.Find(secondFive)) << "equal items keep their order";
 }
 
 TEST(SYListItemArray, InconsistentComparisonsStillGiveEveryItemOnce) {

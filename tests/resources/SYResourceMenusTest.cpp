@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -11,28 +12,23 @@
 
 namespace {
 
-TEST(SYResourceMenus, EachMenuHoldsItsCommandsInOrder) {
-    const std::map<int, std::string> captions = {
-        {0, ""}, // a separator
-        {13800, "&Ignore Application"},
-        {13801, "&Identify File..."},
-        {13803, "I&gnore File..."},
-        {13808, "&View Installation Details"},
-        {13810, "&View Applications"},
-        {13811, "&View Application"},
-        {2001, "&Properties"},
-    };
-    const std::vector<std::pair<int, std::vector<int>>> menus = {{13000, {13800}},
-                                                                 {13001, {13801, 13803, 0, 2001}},
-                                                                 {13002, {13808}},
-                                                                 {13003, {13801, 0, 2001}},
-                                                                 {13004, {13801, 13803, 0, 2001}},
-                                                                 {13005, {13808}},
-                                                                 {13006, {13811}},
-                                                                 {13007, {13811, 0, 13800}},
-                                                                 {13008, {13810}},
-                                                                 {13009, {13808}},
-                                                                 {13010, {13811}}};
+// What each context menu offers, in order; 0 is a separator.
+TEST(SYResourceMenus, EachMenuOffersItsCommandsInOrder) {
+    const int fileCommands[] = {ID_IDENTIFY_FILE, ID_IGNORE_FILE, 0, ID_PROPERTIES};
+    const std::vector<std::pair<int, std::vector<int>>> menus = {
+        {IDM_APPLICATION, {ID_IGNORE_APPLICATION}},
+        {IDM_APP_FILE, {std::begin(fileCommands), std::end(fileCommands)}},
+        {IDM_UNIDENTIFIED_FILE, {std::begin(fileCommands), std::end(fileCommands)}},
+        {IDM_IGNORED_FILE, {ID_IDENTIFY_FILE, 0, ID_PROPERTIES}},
+        {IDM_APP_INSTALLATION, {ID_VIEW_INSTALLATION_DETAILS}},
+        {IDM_PALM_INSTALLATION, {ID_VIEW_INSTALLATION_DETAILS}},
+        {IDM_RIM_INSTALLATION, {ID_VIEW_INSTALLATION_DETAILS}},
+        {IDM_DEVICE_APPLICATION, {ID_VIEW_APPLICATION}},
+        {IDM_RIM_APPLICATION, {ID_VIEW_APPLICATION}},
+        {IDM_APPLICATION_VIEW_IGNORE, {ID_VIEW_APPLICATION, 0, ID_IGNORE_APPLICATION}},
+        {IDM_COMPANY, {ID_VIEW_APPLICATIONS}}};
+    // A command reads the same in every menu that offers it.
+    std::map<int, std::string> captions;
     for (const auto& [id, commands] : menus) {
         SCOPED_TRACE(id);
         SYMenu menu;
@@ -40,7 +36,7 @@ TEST(SYResourceMenus, EachMenuHoldsItsCommandsInOrder) {
         std::vector<int> loaded;
         for (const SYMenuItem& item : menu.Items()) {
             loaded.push_back(item.id);
-            EXPECT_EQ(item.text, captions.at(item.id));
+            EXPECT_EQ(captions.try_emplace(item.id, item.text).first->second, item.text);
         }
         EXPECT_EQ(loaded, commands);
     }

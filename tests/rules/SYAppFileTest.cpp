@@ -12,6 +12,8 @@
 #include "outside/store/SYSystemRulesWriter.h"
 #include "rules/SYAppFile.h"
 #include "rules/SYSWRule.h"
+#include "support/FaultSweep.h"
+#include "support/ReportCapture.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -45,15 +47,10 @@ class SYAppFileTest : public testing::Test {
 protected:
     void SetUp() override {
         SYGetApp().SetInstallPath(install.Path());
-        SYGetApp().ClearReports();
         db.OpenMemory();
         record.SetDatabase(&db);
     }
-    void TearDown() override {
-        db.ClearFault();
-        SYGetApp().SetInstallPath("");
-        SYGetApp().ClearReports();
-    }
+    void TearDown() override { SYGetApp().SetInstallPath(""); }
 
     // A fresh inventory holding one file, the given user rules and system rules.
     unsigned long Inventory(unsigned char invDataType, const SYScanFile& file,
@@ -77,6 +74,7 @@ protected:
         return fileID;
     }
 
+    ReportCapture reports;
     TempDir install;
     SYDatabase db;
     SYAppFile record;
@@ -93,25 +91,14 @@ TEST_F(SYAppFileTest, VerdictStates) {
         AppFileState state;
         const char* verdict;
     };
+    const char* const byUserRule = "on F.EXE|App of F.EXE|2.1|Maker";
     const Case cases[] = {
         {"no rule", 0, -1, -1, {}, AppFileNoRule, "|||"},
         {"system identification", 1, -1, 0, {}, AppFileSystemIdentified, "on f.exe|||"},
-        {"user identification",
-         1,
-         0,
-         -1,
-         {},
-         AppFileUserIdentified,
-         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"user identification", 1, 0, -1, {}, AppFileUserIdentified, byUserRule},
         {"system ignore", 0, -1, 1, {}, AppFileSystemIgnored, "on f.exe|||"},
         {"user ignore", 1, 1, -1, 1000, AppFileUserIgnored, "on F.EXE|||"},
-        {"user before system",
-         0,
-         0,
-         1,
-         {},
-         AppFileUserIdentified,
-         "on F.EXE|App of F.EXE|2.1|Maker"},
+        {"user before system", 0, 0, 1, {}, AppFileUserIdentified, byUserRule},
         {"unknown user type", 0, 2, -1, {}, AppFileSystemIdentified, "on F.EXE|||"},
         {"rule of another size", 1, 1, -1, 5, AppFileNoRule, "|||"},
     };
@@ -131,7 +118,7 @@ TEST_F(SYAppFileTest, VerdictStates) {
         EXPECT_EQ(record.State(), c.state);
         EXPECT_EQ(record.EffectiveRuleID(), byUser ? lastUserRule : 0UL);
         EXPECT_EQ(verdict(record), c.verdict);
-        EXPECT_TRUE(SYGetApp().Reports().empty());
+        EXPECT_TRUE(reports.Empty());
     }
 }
 
@@ -204,28 +191,27 @@ TEST_F(SYAppFileTest, NothingToLoadLeavesTheRecordAsItWas) {
     EXPECT_EQ(record.FileID(), fileID);
     EXPECT_EQ(record.InvDataType(), 0);
     EXPECT_EQ(record.FileName(), "kept.exe");
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
 }
 
 TEST_F(SYAppFileTest, StoreFailuresAreReportedAndLeaveWhatWasRead) {
     const unsigned long fileID =
         Inventory(1, scanned("app.exe"), {rule(1, 1, "app.exe", 3), rule(1, 0, "app.exe")});
     bool sawRead = false, sawRules = false, sawVerdict = false;
-    for (int nth = 1; nth < 30; ++nth) {
-        SCOPED_TRACE(testing::Message() << "failing statement " << nth);
-        SYGetApp().ClearReports();
+    for (FaultSweep sweep(db); sweep.Next();) {
+        SCOPED_TRACE(testing::Message() << "failing statement " << sweep.Nth());
+        reports.Clear();
         SYAppFile fresh;
         fresh.SetDatabase(&db);
-        db.FailStatement(nth);
+        sweep.Arm();
         const int result = fresh.LoadData(fileID, 1);
-        db.ClearFault();
-        if (SYGetApp().Reports().empty()) {
+        ASSERT_EQ(reports.Size(), sweep.Fired() ? 1U : 0U);
+        if (!sweep.Fired()) {
             EXPECT_EQ(result, 1);
             EXPECT_EQ(fresh.State(), AppFileUserIdentified);
             break;
         }
-        ASSERT_EQ(SYGetApp().Reports().size(), 1U);
-        EXPECT_EQ(SYGetApp().Reports().front().kind, "CDBException");
+        EXPECT_EQ(reports.All().front().kind, "CDBException");
         if (fresh.FileID() == 0) {
             // The file's own row failed: no verdict was asked for.
             sawRead = true;

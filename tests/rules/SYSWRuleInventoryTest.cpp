@@ -6,11 +6,12 @@
 
 #include "outside/framework/CException.h"
 #include "outside/framework/SYStatus.h"
-#include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "rules/SYSWRule.h"
+#include "support/FaultSweep.h"
+#include "support/ReportCapture.h"
 #include "support/StoreDump.h"
 
 namespace {
@@ -23,7 +24,6 @@ using Ids = std::set<unsigned long>;
 class SYSWRuleInventoryTest : public testing::Test {
 protected:
     void SetUp() override {
-        SYGetApp().ClearReports();
         db.OpenMemory();
         engine.Database = &db;
         engine.InvDataType = 0;
@@ -86,6 +86,7 @@ protected:
                      appID);
     }
 
+    ReportCapture reports;
     SYDatabase db;
     SYSWRule engine;
     std::vector<unsigned long> pcs;
@@ -147,9 +148,9 @@ TEST_F(SYSWRuleInventoryTest, IgnoringAnApplicationLeavesOneRulePerFileInformati
 }
 
 TEST_F(SYSWRuleInventoryTest, ARenameFollowsInTheInventoryAndAFailedApplicationChangesNothing) {
-    bool failedOnce = false;
-    for (int nth = 1; nth < 300; ++nth) {
-        SCOPED_TRACE(testing::Message() << "failing statement " << nth);
+    FaultSweep sweep(db);
+    while (sweep.Next()) {
+        SCOPED_TRACE(testing::Message() << "failing statement " << sweep.Nth());
         db.Close();
         SetUp();
         // A renamed identification concerns both names.
@@ -161,7 +162,7 @@ TEST_F(SYSWRuleInventoryTest, ARenameFollowsInTheInventoryAndAFailedApplicationC
         rule.SetFileName("other.exe");
         ASSERT_EQ(engine.ModifyIdRule(rule), 1);
         const std::string before = DumpStore(db);
-        db.FailStatement(nth);
+        sweep.Arm();
         bool threw = false;
         try {
             engine.UpdateSamData();
@@ -170,12 +171,11 @@ TEST_F(SYSWRuleInventoryTest, ARenameFollowsInTheInventoryAndAFailedApplicationC
         } catch (const SYStatus&) {
             threw = true;
         }
-        db.ClearFault();
+        ASSERT_EQ(threw, sweep.Fired());
         ASSERT_EQ(engine.NumChangedRules(), 1);
         EXPECT_EQ(engine.GetChangedRule(0).RuleID, rule.FileID());
         EXPECT_EQ(engine.GetChangedRule(0).ReplacedRuleID, oldID);
         if (threw) {
-            failedOnce = true;
             EXPECT_EQ(DumpStore(db), before);
             engine.UpdateSamData();
         }
@@ -183,11 +183,9 @@ TEST_F(SYSWRuleInventoryTest, ARenameFollowsInTheInventoryAndAFailedApplicationC
         EXPECT_FALSE(Files(false).count(other));
         EXPECT_EQ(AppOf(other), app);
         EXPECT_EQ(ClientsWith(app), Ids{pcs[2]});
-        if (!threw)
-            break;
     }
-    EXPECT_TRUE(failedOnce);
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_GT(sweep.Faults(), 0);
+    EXPECT_TRUE(reports.Empty());
 }
 
 } // namespace

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <functional>
 
-#include "rules/RuleStoreFixture.h"
+#include "support/FaultSweep.h"
+#include "support/RuleStoreFixture.h"
 
 namespace {
 
@@ -152,7 +153,7 @@ TEST_F(SYSWRuleTest, RemoveMatchingRulesRemovesOthersWithTheSameFileInformation)
     db.FailStatement(1);
     EXPECT_EQ(engine.RemoveMatchingRules(file), 0);
     db.ClearFault();
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
 }
 
 TEST_F(SYSWRuleTest, FindMatchingRuleComparesWholeNamesSizesAndTimesToTheMinute) {
@@ -222,32 +223,27 @@ TEST_F(SYSWRuleTest, LookupFillsOnlyFromAnActiveRuleOfItsType) {
     EXPECT_EQ(rule.ItemStatus(), ItemStatusChanged);
 }
 
-// Runs a scenario once for every statement it makes, with that statement failing, until a
-// run gets through. The check learns whether the fault fired; unless the scenario bears
-// failures, a failed run must answer 0.
+// Each run reports its fault once; unless the scenario bears failures, a failed run answers 0.
 class SYSWRuleFault : public RuleStoreTest {
 protected:
     void Sweep(const std::function<void()>& prepare, const std::function<int()>& act,
                const std::function<void(bool failed)>& check, bool bears = false) {
-        for (int nth = 1; nth < 40; ++nth) {
-            SCOPED_TRACE(testing::Message() << "failing statement " << nth);
+        for (FaultSweep sweep(db); sweep.Next();) {
+            SCOPED_TRACE(testing::Message() << "failing statement " << sweep.Nth());
             Reset();
             prepare();
-            db.FailStatement(nth);
+            sweep.Arm();
             const int result = act();
-            db.ClearFault();
-            const bool failed = !SYGetApp().Reports().empty();
+            const bool failed = sweep.Fired();
+            ASSERT_EQ(reports.Size(), failed ? 1U : 0U);
             if (failed) {
-                EXPECT_EQ(SYGetApp().Reports().front().kind, "CDBException");
+                EXPECT_EQ(reports.All().front().kind, "CDBException");
             }
             if (!bears) {
                 EXPECT_EQ(result != 0, !failed);
             }
             check(failed);
-            if (!failed)
-                return;
         }
-        ADD_FAILURE() << "the scenario never got through";
     }
 };
 

@@ -21,6 +21,7 @@ TEST(SYDiskSize, PicksTheUnitAfterRoundingAndKeepsEveryDigitInBytes) {
         {0, "0 bytes", "0 bytes"},
         {1, "1 byte", "1 byte"},
         {1023, "1,023 bytes", "1,023 bytes"},
+        {Kb, "1 Kb", "1,024 bytes"},
         {Kb + 512, "2 Kb", "1,536 bytes"},
         {Mb - 513, "1,023 Kb", "1,048,063 bytes"},
         {Mb - 512, "1.0 Mb", "1,048,064 bytes"}, // would show as 1,024 Kb

@@ -4,7 +4,6 @@
 #include <tuple>
 #include <utility>
 
-#include "outside/services/SYConsoleApp.h"
 #include "outside/widgets/CDataExchange.h"
 #include "outside/widgets/CDialog.h"
 #include "outside/widgets/SYButton.h"
@@ -21,6 +20,7 @@
 #include "outside/widgets/SYStatic.h"
 #include "outside/widgets/SYTextWnd.h"
 #include "outside/widgets/SYTreeCtrlEx.h"
+#include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 
 namespace {
@@ -161,12 +161,12 @@ TEST(DialogTemplate, AMemberControlTakesThePlaceOfTheTemplatesControl) {
 }
 
 TEST(DialogTemplate, AMissingTemplateIsReportedAndMakesNoWindow) {
-    const std::size_t reports = SYGetApp().Reports().size();
+    const ReportCapture reports;
     CDialog dialog(19999);
     EXPECT_FALSE(dialog.CreateModeless(nullptr, {}));
     EXPECT_FALSE(dialog.IsWindow());
-    ASSERT_EQ(SYGetApp().Reports().size(), reports + 1);
-    EXPECT_EQ(SYGetApp().Reports().back().message, "The dialog template 19999 does not exist.");
+    ASSERT_EQ(reports.Size(), 1U);
+    EXPECT_EQ(reports.All().front().message, "The dialog template 19999 does not exist.");
 }
 
 TEST(Dialog, AFailedExchangeKeepsTheDialogOpen) {

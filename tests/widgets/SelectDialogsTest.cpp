@@ -13,6 +13,7 @@
 #include "outside/widgets/SYEdit.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "resources/SYResourceIds.h"
+#include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 
 namespace {
@@ -69,13 +70,10 @@ protected:
         writer.AddFile(1, device, "\\Windows", {"pocket.exe", 5, 60, "Pocket", "1", "Pocket Co"});
         writer.Commit();
         owner.Create(SYControlKind::Static, 1, "console", {0, 0, 800, 600}, nullptr);
-        SYGetApp().ClearReports();
+        reports.Clear();
     }
 
-    void TearDown() override {
-        owner.DestroyWindow();
-        SYGetApp().ClearReports();
-    }
+    void TearDown() override { owner.DestroyWindow(); }
 
     unsigned long appID(const std::string& name, const std::string& version) {
         SYAppSet set(db);
@@ -106,6 +104,7 @@ protected:
         return companyDialog.DoModal();
     }
 
+    ReportCapture reports;
     SYDatabase db;
     SYWnd owner;
     SYAppSelectDlg appDialog{&owner};
@@ -229,7 +228,7 @@ TEST_F(SelectDialogs, AStoreFailureIsReportedAndNothingShows) {
         for (const bool withDatabase : {false, true}) {
             SCOPED_TRACE(std::string(companies ? "companies" : "applications") +
                          (withDatabase ? ", failing store" : ", no database"));
-            SYGetApp().ClearReports();
+            reports.Clear();
             SYScriptedModalHost host; // expects nothing: a dialog that opens fails the test
             if (withDatabase)
                 db.FailStatement();
@@ -243,8 +242,8 @@ TEST_F(SelectDialogs, AStoreFailureIsReportedAndNothingShows) {
             db.ClearFault();
             EXPECT_EQ(companyDlg.CompanyName(), "Acme Corp.");
             EXPECT_EQ(appDlg.AppID(), 0UL);
-            ASSERT_EQ(SYGetApp().Reports().size(), 1U);
-            EXPECT_EQ(SYGetApp().Reports().front().parent, &owner);
+            ASSERT_EQ(reports.Size(), 1U);
+            EXPECT_EQ(reports.All().front().parent, &owner);
             EXPECT_EQ(SYGetApp().WaitCursorCount(), 0);
         }
     }

@@ -89,6 +89,8 @@ public:
     // carrying code. Rollbacks are never failed, so a failed change can always be undone.
     void FailStatement(int nth = 1, int code = 10);
     void ClearFault() { m_faultCountdown = 0; }
+    // True while an armed fault has not fired yet.
+    bool HaveFaultPending() const { return m_faultCountdown > 0; }
 
     // Engine handle for the driver's own classes.
     sqlite3* Handle() const { return m_db; }

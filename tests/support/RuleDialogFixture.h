@@ -10,6 +10,7 @@
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYStatement.h"
 #include "rules/SYSWRule.h"
+#include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 
 using Script = SYScriptedModalHost::DialogScript;
@@ -39,20 +40,14 @@ protected:
         writer.Commit();
         engine.Database = &db;
         engine.InvDataType = 1;
-        SYGetApp().ClearReports();
-        SYGetApp().SetCanEditRules(1);
     }
     void Rebuild() {
-        TearDown();
         db.Close();
+        reports.Clear();
         engine.ClearChangedRules();
         SetUp();
     }
-    void TearDown() override {
-        db.ClearFault();
-        SYGetApp().ClearReports();
-        SYGetApp().SetCanEditRules(1);
-    }
+    void TearDown() override { SYGetApp().SetCanEditRules(1); }
 
     // Active rules as "type|name|size|time|application|version|company|comment" lines in
     // id order, "-" for a null.
@@ -71,6 +66,7 @@ protected:
         return count.Step() ? count.Int64(0) : -1;
     }
 
+    ReportCapture reports;
     SYDatabase db;
     SYSWRule engine;
     std::uint32_t setupID = 0;

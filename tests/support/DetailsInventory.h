@@ -10,6 +10,7 @@
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYWnd.h"
+#include "support/ReportCapture.h"
 
 using Strings = std::vector<std::string>;
 
@@ -75,11 +76,9 @@ protected:
         toolApp = Id("SELECT AppID FROM Files WHERE FileName = 'tool.exe'");
         ceToolApp = Id("SELECT AppID FROM Files WHERE FileName = 'cetool.exe'");
         main.Create(SYControlKind::Static, 1, "main", {0, 0, 800, 600}, nullptr);
-        SYGetApp().ClearReports();
+        reports.Clear();
         DrainCommands();
     }
-
-    void TearDown() override { SYGetApp().ClearReports(); }
 
     unsigned long Id(const std::string& sql) {
         SYStatement statement(db, sql);
@@ -106,6 +105,7 @@ protected:
     const CTime scanned{2026, 3, 4, 10, 30, 0};
     const CTime ceScanned{2026, 5, 6, 8, 0, 0};
     const CTime created{2025, 1, 2, 9, 15, 0};
+    ReportCapture reports;
     SYDatabase db;
     SYWnd main;
     unsigned long pcA = 0, pcB = 0, ce1 = 0, ce2 = 0;

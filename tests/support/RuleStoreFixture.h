@@ -8,9 +8,9 @@
 #include <type_traits>
 #include <vector>
 
-#include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
 #include "rules/SYSWRule.h"
+#include "support/ReportCapture.h"
 
 // 2021-03-04 13:02:03 UTC, and the same minute's start and end.
 constexpr std::int32_t RuleTime = 1614862923;
@@ -26,14 +26,10 @@ protected:
         db.OpenMemory();
         engine.Database = &db;
         engine.InvDataType = 1;
-        SYGetApp().ClearReports();
-    }
-    void TearDown() override {
-        db.ClearFault();
-        SYGetApp().ClearReports();
     }
     void Reset() {
         db.Close();
+        reports.Clear();
         SetUp();
         engine.ClearChangedRules();
     }
@@ -87,6 +83,7 @@ protected:
         return list;
     }
 
+    ReportCapture reports;
     SYDatabase db;
     SYSWRule engine;
 };
