@@ -1,0 +1,90 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "SYTermLayer.h"
+#include "SYTermLineEdit.h"
+
+class CDialog;
+class CPropertySheet;
+class SYWnd;
+class SYTermCanvas;
+
+// A dialog or property sheet as the terminal shows it while it runs modal: its controls
+// drawn at the cells of their rectangles (a cell is 4 by 8 dialog units), centred on the
+// screen and scrolled when the screen is smaller, and the keys a user presses turned into
+// the widget layer's own actions (clicks, typing, row and page choices), so that the
+// dialog's logic runs exactly as it does for any other host.
+class SYTermDialogView : public SYTermLayer {
+public:
+    explicit SYTermDialogView(CDialog& dialog);
+
+    void Draw(SYTermScreen& screen, bool top) override;
+    void HandleKey(int key) override;
+    bool Done() const override;
+    void Abandon() override;
+
+    // A visible control and its place in the dialog, in cells.
+    struct Placed {
+        SYWnd* wnd = nullptr;
+        int row = 0;
+        int col = 0;
+        int rows = 1;
+        int cols = 1;
+    };
+    // The visible controls in template order, the active page's before the sheet's own.
+    std::vector<Placed> Controls() const;
+    // The control with the keyboard focus, settling it first if the dialog lost it.
+    SYWnd* Focused();
+
+private:
+    struct DateEntry {
+        int segment = 0;
+        std::string digits;
+    };
+
+    static bool Focusable(const SYWnd& wnd);
+    void Place(const SYWnd& parent, int x, int y, std::vector<Placed>& out) const;
+    void SetFocusTo(SYWnd* wnd);
+    void MoveFocus(int step);
+    bool Hotkey(char letter);
+    void PressDefault();
+    void Command(int id);
+    void SwitchPage(int step);
+    void ShowPage(int index);
+    bool ListKey(SYWnd& wnd, int key);
+    bool OpenListRow(SYWnd& wnd);
+    bool TreeKey(SYWnd& wnd, int key);
+    bool EditKey(SYWnd& wnd, int key);
+    bool DateKey(SYWnd& wnd, int key);
+    bool RadioKey(SYWnd& wnd, int key);
+    bool ButtonKey(SYWnd& wnd, int key);
+
+    // Marks on the frame where rows lie above or below the screen.
+    void DrawScrollMarks(SYTermScreen& screen, const SYTermCanvas& box, int rows);
+    void DrawControl(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawLabel(SYTermCanvas& canvas, const Placed& placed);
+    void DrawButton(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawEdit(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawDate(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawList(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawTree(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    void DrawTabs(SYTermCanvas& canvas, const Placed& placed, bool focused);
+    // The cells that must be in sight for the focused control: its caret or its selection.
+    void CaretOf(const Placed& placed, int& row, int& col);
+    void ScrollToShow(int row, int col, int viewRows, int viewCols);
+
+    CDialog& m_dialog;
+    CPropertySheet* m_sheet;
+    unsigned m_focusId = 0;
+    bool m_haveFocusId = false;
+    std::map<unsigned, SYTermLineEdit> m_edits;
+    std::map<unsigned, DateEntry> m_dates;
+    std::map<unsigned, int> m_treeTops;
+    int m_scrollRow = 0;
+    int m_scrollCol = 0;
+    int m_caretRow = -1;
+    int m_caretCol = -1;
+};
