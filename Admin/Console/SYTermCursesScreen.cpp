@@ -123,12 +123,23 @@ int SYTermCursesScreen::Translate(int key) const {
     return key;
 }
 
+int SYTermCursesScreen::Mouse() const {
+    MEVENT event;
+    if (getmouse(&event) != OK)
+        return KEY_MOUSE;
+    if ((event.bstate & (BUTTON1_CLICKED | BUTTON1_DOUBLE_CLICKED)) == 0)
+        return KEY_MOUSE;
+    return SYTermKeys::Click(event.y, event.x, (event.bstate & BUTTON1_DOUBLE_CLICKED) != 0);
+}
+
 int SYTermCursesScreen::ReadKey() {
     int key = ERR;
     do {
         errno = 0;
         key = getch();
     } while (key == ERR && errno == EINTR);
+    if (key == KEY_MOUSE)
+        return Mouse();
     if (key != SYTermKeys::Esc)
         return Translate(key);
     // A character already waiting after Esc came with it: the terminal's Alt.

@@ -5,7 +5,7 @@
 // The real terminal through ncurses, for the life of the object: raw keys with the keypad
 // decoded, Esc without delay, the mouse and colours where the terminal has them, and
 // KEY_RESIZE when the window changes size. Esc with a character at once reads as one Alt
-// key (SYTermKeys), and Ctrl-PgUp/PgDn as theirs. Only one may exist at a time.
+// key (SYTermKeys), Ctrl-PgUp/PgDn and mouse clicks as theirs. Only one may exist at a time.
 class SYTermCursesScreen : public SYTermScreen {
 public:
     SYTermCursesScreen();
@@ -26,6 +26,8 @@ public:
 private:
     int Attributes(SYTermAttr attr) const;
     int Translate(int key) const;
+    // The click that KEY_MOUSE stands for, or KEY_MOUSE for any other mouse event.
+    int Mouse() const;
 
     bool m_colours = false;
     bool m_unicode = false;

@@ -314,6 +314,10 @@ void SYTermDialogView::SwitchPage(int step) {
 
 void SYTermDialogView::HandleKey(int key) {
     SYWnd* focus = Focused();
+    if (SYTermKeys::IsClick(key)) {
+        Click(key);
+        return;
+    }
     if (key == SYTermKeys::Esc) {
         Command(IDCANCEL);
         return;
@@ -575,6 +579,10 @@ void SYTermDialogView::Draw(SYTermScreen& screen, bool top) {
         }
     }
     SYTermCanvas canvas = box.Scrolled(m_scrollRow, m_scrollCol);
+    box.ToScreen(0, 0, m_viewTop, m_viewLeft);
+    canvas.ToScreen(0, 0, m_originRow, m_originCol);
+    m_viewRows = box.Rows();
+    m_viewCols = box.Cols();
     for (const Placed& placed : controls)
         DrawControl(canvas, placed, placed.wnd == focus);
     DrawScrollMarks(screen, box, cellsDown(rect.Height()));
@@ -768,18 +776,99 @@ void SYTermDialogView::DrawTree(SYTermCanvas& canvas, const Placed& placed, bool
     }
 }
 
+std::vector<std::pair<int, int>> SYTermDialogView::TabSpans() const {
+    std::vector<std::pair<int, int>> spans;
+    int col = 0;
+    for (int i = 0; m_sheet != nullptr && i < m_sheet->GetPageCount(); ++i) {
+        const int width = SYTermText::Width(m_sheet->GetPage(i)->GetTitle()) + 2;
+        spans.emplace_back(col, width);
+        col += width + 1;
+    }
+    return spans;
+}
+
 void SYTermDialogView::DrawTabs(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    if (m_sheet == nullptr)
-        return;
-    int col = placed.col;
-    for (int i = 0; i < m_sheet->GetPageCount(); ++i) {
+    const std::vector<std::pair<int, int>> spans = TabSpans();
+    for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
         const std::string title = m_sheet->GetPage(i)->GetTitle();
         const bool active = i == m_sheet->GetActiveIndex();
         const SYTermAttr attr = !active   ? SYTermAttr::Normal
                                 : focused ? SYTermAttr::Reverse
                                           : SYTermAttr::Bold;
-        const std::string tab = active ? "[" + title + "]" : " " + title + " ";
-        canvas.Put(placed.row, col, tab, attr);
-        col += SYTermText::Width(tab) + 1;
+        canvas.Put(placed.row, placed.col + spans[static_cast<std::size_t>(i)].first,
+                   active ? "[" + title + "]" : " " + title + " ", attr);
+    }
+}
+
+void SYTermDialogView::Click(int key) {
+    const int row = SYTermKeys::ClickRow(key);
+    const int col = SYTermKeys::ClickCol(key);
+    if (row < m_viewTop || row >= m_viewTop + m_viewRows || col < m_viewLeft ||
+        col >= m_viewLeft + m_viewCols)
+        return;
+    const int cellRow = row - m_originRow;
+    const int cellCol = col - m_originCol;
+    const std::vector<Placed> controls = Controls();
+    // The last made lies on top, as a button over its group's frame.
+    for (auto it = controls.rbegin(); it != controls.rend(); ++it) {
+        if (Focusable(*it->wnd) && cellRow >= it->row && cellRow < it->row + it->rows &&
+            cellCol >= it->col && cellCol < it->col + it->cols) {
+            ClickOn(*it, cellRow - it->row, cellCol - it->col, SYTermKeys::IsDoubleClick(key));
+            return;
+        }
+    }
+}
+
+void SYTermDialogView::ClickOn(const Placed& placed, int row, int col, bool twice) {
+    SYWnd& wnd = *placed.wnd;
+    SetFocusTo(&wnd);
+    switch (wnd.Kind()) {
+    case SYControlKind::ListCtrl: {
+        auto& list = static_cast<SYListCtrlEx&>(wnd);
+        if (row > 0) {
+            const int item = list.GetTopIndex() + row - 1;
+            twice ? list.DoubleClickRow(item) : list.ClickRow(item);
+            return;
+        }
+        for (int column = 0, left = 0; column < list.GetColumnCount(); ++column) {
+            left += cellsAcross(list.GetColWidth(column));
+            if (col < left) {
+                list.ClickHeader(column);
+                return;
+            }
+        }
+        return;
+    }
+    case SYControlKind::TreeCtrl: {
+        auto& tree = static_cast<SYTreeCtrlEx&>(wnd);
+        const std::vector<TreeLine> lines = shownNodes(tree);
+        const int index = m_treeTops[wnd.GetDlgCtrlID()] + row;
+        if (index < static_cast<int>(lines.size()))
+            twice ? tree.ToggleItem(lines[static_cast<std::size_t>(index)].node)
+                  : tree.ClickItem(lines[static_cast<std::size_t>(index)].node);
+        return;
+    }
+    case SYControlKind::TabCtrl: {
+        const std::vector<std::pair<int, int>> spans = TabSpans();
+        for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
+            const auto [start, width] = spans[static_cast<std::size_t>(i)];
+            if (col >= start && col < start + width)
+                ShowPage(i);
+        }
+        return;
+    }
+    case SYControlKind::Edit: {
+        SYTermLineEdit& line = m_edits[wnd.GetDlgCtrlID()];
+        line.SetCaret(line.FirstShown(wnd.GetWindowText(), placed.cols) + col);
+        return;
+    }
+    case SYControlKind::Button:
+    case SYControlKind::DefaultButton:
+    case SYControlKind::CheckBox:
+    case SYControlKind::RadioButton:
+        static_cast<SYButton&>(wnd).Click();
+        return;
+    default:
+        return;
     }
 }

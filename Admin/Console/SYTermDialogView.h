@@ -2,6 +2,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "SYTermLayer.h"
@@ -46,6 +47,10 @@ private:
     };
 
     static bool Focusable(const SYWnd& wnd);
+    void Click(int key);
+    void ClickOn(const Placed& placed, int row, int col, bool twice);
+    // Where each tab of a sheet's strip begins and how wide it is.
+    std::vector<std::pair<int, int>> TabSpans() const;
     void Place(const SYWnd& parent, int x, int y, std::vector<Placed>& out) const;
     void SetFocusTo(SYWnd* wnd);
     void MoveFocus(int step);
@@ -85,6 +90,13 @@ private:
     std::map<unsigned, int> m_treeTops;
     int m_scrollRow = 0;
     int m_scrollCol = 0;
+    // Where the dialog's cell (0, 0) and its visible interior lay on the screen last drawn.
+    int m_originRow = 0;
+    int m_originCol = 0;
+    int m_viewTop = 0;
+    int m_viewLeft = 0;
+    int m_viewRows = 0;
+    int m_viewCols = 0;
     int m_caretRow = -1;
     int m_caretCol = -1;
 };

@@ -12,7 +12,11 @@ public:
     bool HandleKey(int key, std::string& text, bool readOnly = false, int limit = 0);
     // The caret in code points, kept inside the text.
     int Caret(const std::string& text) const;
-    void SetCaret(int caret) { m_caret = caret; }
+    // Places the caret, dropping a selection.
+    void SetCaret(int caret) {
+        m_caret = caret;
+        m_allSelected = false;
+    }
     void MoveToEnd(const std::string& text);
     // Selects the whole text, as a field does when the focus comes to it: the next
     // character replaces it and Backspace or Delete clears it; a move drops the selection.

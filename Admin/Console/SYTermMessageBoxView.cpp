@@ -73,7 +73,15 @@ int SYTermMessageBoxView::EscapeAnswer() const {
 
 void SYTermMessageBoxView::HandleKey(int key) {
     const int count = static_cast<int>(m_buttons.size());
-    if (key == SYTermKeys::Esc) {
+    if (SYTermKeys::IsClick(key)) {
+        for (std::size_t i = 0; i < m_spans.size(); ++i) {
+            const Span& span = m_spans[i];
+            const int col = SYTermKeys::ClickCol(key);
+            if (SYTermKeys::ClickRow(key) == span.row && col >= span.col &&
+                col < span.col + span.width)
+                m_answer = m_buttons[i];
+        }
+    } else if (key == SYTermKeys::Esc) {
         m_answer = EscapeAnswer();
     } else if (key == '\n' || key == '\r' || key == KEY_ENTER || key == ' ') {
         m_answer = m_buttons[static_cast<std::size_t>(m_focus)];
@@ -116,8 +124,13 @@ void SYTermMessageBoxView::Draw(SYTermScreen& screen, bool top) {
         canvas.Put(static_cast<int>(i), 1 + markWidth, lines[i], SYTermAttr::Normal);
     const int buttonRow = static_cast<int>(lines.size()) + 1;
     const int left = (inner - SYTermText::Width(buttons)) / 2;
+    m_spans.clear();
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
         const bool focused = static_cast<int>(i) == m_focus;
+        int row = 0;
+        int col = 0;
+        canvas.ToScreen(buttonRow, left + starts[i], row, col);
+        m_spans.push_back({row, col, SYTermText::Width(buttonText(m_buttons[i])) + 4});
         canvas.Put(buttonRow, left + starts[i], "[ " + buttonText(m_buttons[i]) + " ]",
                    focused ? SYTermAttr::Reverse : SYTermAttr::Normal);
         canvas.Put(buttonRow, left + starts[i] + 2, buttonText(m_buttons[i]).substr(0, 1),

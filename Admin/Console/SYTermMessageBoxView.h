@@ -28,4 +28,11 @@ private:
     std::vector<int> m_buttons;
     int m_focus = 0;
     int m_answer = 0;
+    // Where the buttons were drawn: row, first column and width on the screen.
+    struct Span {
+        int row;
+        int col;
+        int width;
+    };
+    std::vector<Span> m_spans;
 };

@@ -168,6 +168,30 @@ TEST_F(TermHost, SheetPagesSwitchByKeysAndAHotkeyActsOnTheFrontPage) {
     EXPECT_EQ(sheet.RulesChanged(), 1);
 }
 
+TEST_F(TermHost, ClicksActOnTheControlUnderThem) {
+    // Queues a click on where the text stands now; the reader is at the end of the queue.
+    auto clickOn = [&](const std::string& text) {
+        int row = -1;
+        int col = -1;
+        EXPECT_TRUE(screen.Find(text, row, col)) << text;
+        screen.Keys({SYTermKeys::Click(row, col)});
+    };
+    int allVersions = -1;
+    screen.Resize(40, 100).Then([&] {
+        clickOn("Identify all versions");
+        screen.Then([&] {
+            allVersions = static_cast<SYButton*>(SYWnd::GetFocus())->GetCheck();
+            clickOn("[ Cancel ]");
+        });
+    });
+    EXPECT_EQ(Identify(setupID), IDCANCEL);
+    EXPECT_EQ(allVersions, 1);
+    EXPECT_EQ(FocusedId(), 0u);
+
+    screen.Then([&] { clickOn("[ No ]"); });
+    EXPECT_EQ(SYMessageBox::Show(nullptr, "Sure?", "", MB_YESNO), IDNO);
+}
+
 TEST_F(TermHost, MessageBoxesAnswerByKeys) {
     const int no = 'n';
     const struct {
