@@ -113,6 +113,28 @@ TEST_F(TermHost, FocusFollowsTheTemplateOrderOverEnabledControls) {
     }
 }
 
+TEST_F(TermHost, ANestedDialogOpensOverItsOwnerAndEnterTakesTheListRow) {
+    std::string nested;
+    std::string application;
+    unsigned focusedAfter = 0;
+    screen.Resize(40, 100);
+    Tabs(10);
+    screen.Keys({Enter}).Then([&] { nested = screen.Dump(); });
+    screen.Keys({KEY_END, KEY_UP, KEY_NPAGE, Enter}).Then([&] {
+        application =
+            SYWnd::GetFocus()->GetParent()->GetDlgItem(IDC_RULE_APP_NAME)->GetWindowText();
+        focusedAfter = FocusedId();
+    });
+    screen.Keys({Esc});
+    EXPECT_EQ(Identify(setupID), IDCANCEL);
+
+    EXPECT_NE(nested.find("Select Application"), std::string::npos) << nested;
+    EXPECT_NE(nested.find("Identify File"), std::string::npos) << "the owner stays below\n"
+                                                               << nested;
+    EXPECT_EQ(application, "Tool");
+    EXPECT_EQ(focusedAfter, static_cast<unsigned>(IDC_RULE_BROWSE_APP));
+}
+
 TEST_F(TermHost, DigitsSetTheDateSpaceClearsTheSizeAndTypingReplacesAField) {
     Tabs(5);
     screen.Type("12252020");
