@@ -18,6 +18,17 @@ class SYTermCanvas;
 // screen and scrolled when the screen is smaller, and the keys a user presses turned into
 // the widget layer's own actions (clicks, typing, row and page choices), so that the
 // dialog's logic runs exactly as it does for any other host.
+//
+// Keys: Tab and Shift-Tab move among the enabled controls in template order; Enter presses
+// the focused push button, opens the selected row of a list whose dialog answers a double
+// click, else presses the default button; Esc is Cancel; Alt+letter (and the plain letter
+// outside an edit) is the "&" hotkey of a label or button; space clicks a button, check box
+// or radio button; arrows, PgUp/PgDn and Home/End move in lists and trees (Left/Right
+// collapse and expand) and between the radio buttons of a group; an edit takes typing with
+// Backspace, Delete, Left/Right and Home/End, its text selected when the focus comes to it;
+// a date/time editor takes digits field by field, Left/Right choose the field and Up/Down
+// step it. In a sheet Ctrl-PgUp/PgDn and Alt+1..9 bring a page to the front, and Left/Right
+// do on the focused tab strip. A click focuses and acts on the control under it.
 class SYTermDialogView : public SYTermLayer {
 public:
     explicit SYTermDialogView(CDialog& dialog);
