@@ -14,7 +14,6 @@
 namespace {
 
 constexpr short SelectionPair = 1;
-constexpr short DimPair = 2;
 constexpr int EscDelayMs = 25;
 
 // Frame lines in terminals whose locale cannot show them.
@@ -50,8 +49,8 @@ SYTermCursesScreen::SYTermCursesScreen() {
     if (m_colours) {
         start_color();
         use_default_colors();
+        // Only the selection is coloured; everything else keeps the terminal's own colours.
         init_pair(SelectionPair, COLOR_BLACK, COLOR_CYAN);
-        init_pair(DimPair, COLOR_WHITE, -1);
     }
     m_ctrlPageUp = key_defined("\033[5;5~");
     m_ctrlPageDown = key_defined("\033[6;5~");
@@ -78,7 +77,7 @@ int SYTermCursesScreen::Attributes(SYTermAttr attr) const {
     case SYTermAttr::Bold:
         return A_BOLD;
     case SYTermAttr::Dim:
-        return m_colours ? static_cast<int>(COLOR_PAIR(DimPair)) | A_DIM : A_DIM;
+        return A_DIM;
     case SYTermAttr::Underline:
         return A_UNDERLINE;
     }
