@@ -20,6 +20,9 @@
 
 namespace {
 
+// Controls up to this tall (a push button) take one row.
+constexpr int ShortHeight = 14 * SYFontMetrics::DialogUnitY;
+
 int cellsAcross(int pixels) {
     return (pixels + SYFontMetrics::CharWidth - 1) / SYFontMetrics::CharWidth;
 }
@@ -182,21 +185,32 @@ bool SYTermDialogView::Focusable(const SYWnd& wnd) {
     }
 }
 
-void SYTermDialogView::Place(const SYWnd& parent, int x, int y, std::vector<Placed>& out) const {
+void SYTermDialogView::Place(const SYWnd& parent, int row, int col,
+                             std::vector<Placed>& out) const {
+    // Cells count from each page's own corner, as its template was laid out.
     for (const SYWnd* child : parent.Children()) {
         const SYRect& rect = child->GetWindowRect();
         if (child->IsDialogWindow() && child->IsWindowVisible())
-            Place(*child, x + rect.left, y + rect.top, out);
+            Place(*child, row + rect.top / SYFontMetrics::RowHeight,
+                  col + rect.left / SYFontMetrics::CharWidth, out);
     }
     for (SYWnd* child : parent.Children()) {
         if (child->IsDialogWindow() || !child->IsWindowVisible())
             continue;
         const SYRect& rect = child->GetWindowRect();
-        const int col = (x + rect.left) / SYFontMetrics::CharWidth;
-        const int row = (y + rect.top) / SYFontMetrics::RowHeight;
-        const int right = (x + rect.right) / SYFontMetrics::CharWidth;
-        const int bottom = (y + rect.bottom) / SYFontMetrics::RowHeight;
-        out.push_back({child, row, col, std::max(1, bottom - row), std::max(1, right - col)});
+        // A control's first line goes to the row that holds its middle, so that a label and
+        // the slightly taller edit beside it share a row; a tall control ends on the row
+        // of its last line's middle.
+        const int lineMiddle =
+            std::min(rect.Height(), ShortHeight) / 2 - SYFontMetrics::DialogUnitY;
+        const int top = (rect.top + lineMiddle) / SYFontMetrics::RowHeight;
+        const int bottom =
+            rect.Height() > ShortHeight
+                ? (rect.bottom - SYFontMetrics::RowHeight / 2) / SYFontMetrics::RowHeight
+                : top;
+        const int left = rect.left / SYFontMetrics::CharWidth;
+        const int right = rect.right / SYFontMetrics::CharWidth;
+        out.push_back({child, row + top, col + left, bottom - top + 1, std::max(1, right - left)});
     }
 }
 
@@ -680,10 +694,13 @@ void SYTermDialogView::DrawButton(SYTermCanvas& canvas, const Placed& placed, bo
     const SYTermAttr normal =
         wnd.Kind() == SYControlKind::DefaultButton ? SYTermAttr::Bold : SYTermAttr::Normal;
     const SYTermAttr attr = stateAttr(wnd, focused, normal);
-    const std::string shown = "[ " + SYTermText::StripHotkey(label) + " ]";
+    // The caption keeps its padding where the button is wide enough for it.
+    const std::string caption = SYTermText::StripHotkey(label);
+    const bool roomy = SYTermText::Width(caption) + 4 <= placed.cols;
+    const std::string shown = roomy ? "[ " + caption + " ]" : "[" + caption + "]";
     const int col = placed.col + std::max(0, (placed.cols - SYTermText::Width(shown)) / 2);
     canvas.Put(placed.row, col, shown, attr);
-    putLabel(canvas, placed.row, col + 2, label, attr, placed.cols);
+    putLabel(canvas, placed.row, col + (roomy ? 2 : 1), label, attr, placed.cols);
 }
 
 void SYTermDialogView::DrawEdit(SYTermCanvas& canvas, const Placed& placed, bool focused) {

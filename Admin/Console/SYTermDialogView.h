@@ -62,7 +62,7 @@ private:
     void ClickOn(const Placed& placed, int row, int col, bool twice);
     // Where each tab of a sheet's strip begins and how wide it is.
     std::vector<std::pair<int, int>> TabSpans() const;
-    void Place(const SYWnd& parent, int x, int y, std::vector<Placed>& out) const;
+    void Place(const SYWnd& parent, int row, int col, std::vector<Placed>& out) const;
     void SetFocusTo(SYWnd* wnd);
     void MoveFocus(int step);
     bool Hotkey(char letter);

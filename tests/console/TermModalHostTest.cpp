@@ -166,7 +166,7 @@ TEST_F(TermHost, TheDialogIsCentredScrolledToTheFocusAndRedrawnOnResize) {
     // 300 x 250 dialog units are 75 x 31 cells; framed and centred on 100 x 40.
     EXPECT_EQ(titleRow, 3);
     EXPECT_EQ(titleCol, 11 + (77 - 15) / 2);
-    EXPECT_EQ(nameRow, 4 + 21 / 8);
+    EXPECT_EQ(nameRow, 4 + (21 + 4 - 1) / 8) << "the row of the label's middle";
     EXPECT_EQ(nameCol, 12 + 14 / 4);
 }
 
