@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "SYTermBufferScreen.h"
@@ -10,6 +11,7 @@
 #include "SYTermLineEdit.h"
 #include "SYTermModalHost.h"
 #include "editing/RuleDialogFixture.h"
+#include "editing/SYAppFilePropSheet.h"
 #include "editing/SYEditIdRuleDlg.h"
 #include "editing/SYSWRuleConfigPropSheet.h"
 #include "outside/widgets/SYFileDialog.h"
@@ -168,6 +170,23 @@ TEST_F(TermHost, TheDialogIsCentredScrolledToTheFocusAndRedrawnOnResize) {
     EXPECT_EQ(titleCol, 11 + (77 - 15) / 2);
     EXPECT_EQ(nameRow, 4 + (21 + 4 - 1) / 8) << "the row of the label's middle";
     EXPECT_EQ(nameCol, 12 + 14 / 4);
+}
+
+TEST_F(TermHost, LabelsAndTheirFieldsShareARowOnASheetPage) {
+    std::string page;
+    screen.Resize(40, 100).Then([&] { page = screen.Dump(); }).Keys({Esc});
+    SYAppFilePropSheet sheet;
+    sheet.SetDatabase(&db);
+    sheet.SetFileID(toolID, 1);
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    for (const auto& [label, field] : {std::pair{"File name:", "tool.exe"},
+                                       {"Size:", "500 bytes"},
+                                       {"Version:", "2.0"},
+                                       {"Company:", "Tm"}}) {
+        const std::size_t at = page.find(label);
+        ASSERT_NE(at, std::string::npos) << label;
+        EXPECT_LT(page.find(field, at), page.find('\n', at)) << label << "\n" << page;
+    }
 }
 
 TEST_F(TermHost, SheetPagesSwitchByKeysAndAHotkeyActsOnTheFrontPage) {
