@@ -1,0 +1,29 @@
+#pragma once
+
+// Keys that ncurses has no fixed code for, and mouse clicks. They lie far above its own codes
+// (which end below 01000, and the ones a terminal defines at run time follow just after), so both
+// vocabularies travel through SYTermScreen::ReadKey together.
+struct SYTermKeys {
+    static constexpr int Esc = 27;
+    static constexpr int CtrlPageUp = 0x10001;
+    static constexpr int CtrlPageDown = 0x10002;
+
+    // Alt with a printable character: what a terminal sends as Esc and the character at once.
+    static constexpr int Alt(int character) { return AltBase | (character & 0xFF); }
+    static constexpr bool IsAlt(int key) { return (key & ~0xFF) == AltBase; }
+    static constexpr int AltCharacter(int key) { return key & 0xFF; }
+
+    // A click of the first mouse button on a screen cell; a double click opens.
+    static constexpr int Click(int row, int col, bool twice = false) {
+        return MouseBase | (twice ? DoubleBit : 0) | ((row & 0xFFF) << 12) | (col & 0xFFF);
+    }
+    static constexpr bool IsClick(int key) { return (key & MouseBase) != 0; }
+    static constexpr bool IsDoubleClick(int key) { return (key & DoubleBit) != 0; }
+    static constexpr int ClickRow(int key) { return (key >> 12) & 0xFFF; }
+    static constexpr int ClickCol(int key) { return key & 0xFFF; }
+
+private:
+    static constexpr int AltBase = 0x20000;
+    static constexpr int MouseBase = 0x40000000;
+    static constexpr int DoubleBit = 0x20000000;
+};
