@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "SYTermConsoleKeys.h"
+#include "SYTermKeys.h"
 #include "SYTermMenu.h"
 #include "SYTermScreen.h"
 #include "outside/services/SYConsoleApp.h"
@@ -11,7 +11,7 @@
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYTabWnd.h"
 
-namespace Keys = SYTermConsoleKeys;
+using Keys = SYTermKeys;
 using Pane = SYTermConsole::Pane;
 
 namespace {

@@ -11,6 +11,10 @@
 #include "SYTermKeys.h"
 #include "SYTermText.h"
 
+static_assert(SYTermKeys::Down == KEY_DOWN && SYTermKeys::End == KEY_END &&
+              SYTermKeys::Resize == KEY_RESIZE && SYTermKeys::F(10) == KEY_F(10) &&
+              SYTermKeys::BackTab == KEY_BTAB && SYTermKeys::Enter == KEY_ENTER);
+
 namespace {
 
 constexpr short SelectionPair = 1;

@@ -1,10 +1,30 @@
 #pragma once
 
-// Keys that ncurses has no fixed code for, and mouse clicks. They lie far above its own codes
-// (which end below 01000, and the ones a terminal defines at run time follow just after), so both
-// vocabularies travel through SYTermScreen::ReadKey together.
+// The keys of the terminal front end. The named ones carry the values ncurses gives them, so
+// that code drawing on SYTermScreen needs no curses header (whose macros clash with ordinary
+// names); the curses screen checks them against its own. Keys that ncurses has no fixed code
+// for, and mouse clicks, lie far above its codes (which end below 01000, and the ones a
+// terminal defines at run time follow just after), so both travel through
+// SYTermScreen::ReadKey together.
 struct SYTermKeys {
     static constexpr int Esc = 27;
+    static constexpr int Tab = '\t';
+    static constexpr int Newline = '\n';
+    static constexpr int Return = '\r';
+    static constexpr int Delete = 127;
+    static constexpr int Down = 0402;
+    static constexpr int Up = 0403;
+    static constexpr int Left = 0404;
+    static constexpr int Right = 0405;
+    static constexpr int Home = 0406;
+    static constexpr int Backspace = 0407;
+    static constexpr int NextPage = 0522;
+    static constexpr int PreviousPage = 0523;
+    static constexpr int Enter = 0527;
+    static constexpr int BackTab = 0541;
+    static constexpr int End = 0550;
+    static constexpr int Resize = 0632;
+    static constexpr int F(int n) { return 0410 + n; }
     static constexpr int CtrlPageUp = 0x10001;
     static constexpr int CtrlPageDown = 0x10002;
 

@@ -4,10 +4,10 @@
 #include <cctype>
 #include <string>
 
-#include "SYTermConsoleKeys.h"
+#include "SYTermKeys.h"
 #include "SYTermScreen.h"
 
-namespace Keys = SYTermConsoleKeys;
+using Keys = SYTermKeys;
 
 int SYTermMenu::Step(int current, int by) const {
     const int count = static_cast<int>(m_items.size());

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "SYTermBufferScreen.h"
 #include "SYTermConsole.h"
-#include "SYTermConsoleKeys.h"
 #include "SYTermConsoleWindow.h"
+#include "SYTermKeys.h"
 #include "SYTermScreen.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
@@ -20,51 +21,7 @@
 
 namespace {
 
-namespace Keys = SYTermConsoleKeys;
-
-// A screen of characters in memory with a queue of keys; attributes are not kept.
-class GridScreen : public SYTermScreen {
-public:
-    GridScreen(int rows, int cols) : m_lines(static_cast<std::size_t>(rows), Blank(cols)) {}
-
-    int Rows() const override { return static_cast<int>(m_lines.size()); }
-    int Cols() const override { return static_cast<int>(m_lines[0].size()); }
-    void Put(int row, int col, std::string_view text, SYTermAttr) override {
-        if (row < 0 || row >= Rows())
-            return;
-        for (std::size_t i = 0; i < text.size() && col + static_cast<int>(i) < Cols(); ++i)
-            m_lines[static_cast<std::size_t>(row)][static_cast<std::size_t>(col) + i] = text[i];
-    }
-    void Fill(int row, int col, int rows, int cols, SYTermAttr attr) override {
-        for (int r = row; r < row + rows; ++r)
-            Put(r, col, Blank(cols), attr);
-    }
-    void SetCursor(int, int, bool) override {}
-    void Refresh() override {}
-    int ReadKey() override {
-        if (m_keys.empty())
-            return -1;
-        const int key = m_keys.front();
-        m_keys.pop_front();
-        return key;
-    }
-
-    void Keys(std::initializer_list<int> keys) { m_keys.insert(m_keys.end(), keys); }
-    void Type(const std::string& text) { m_keys.insert(m_keys.end(), text.begin(), text.end()); }
-    std::string Text() const {
-        std::string text;
-        for (const std::string& line : m_lines)
-            text += line + "\n";
-        return text;
-    }
-    const std::string& Line(int row) const { return m_lines[static_cast<std::size_t>(row)]; }
-
-private:
-    static std::string Blank(int cols) { return std::string(static_cast<std::size_t>(cols), ' '); }
-
-    std::vector<std::string> m_lines;
-    std::deque<int> m_keys;
-};
+using Keys = SYTermKeys;
 
 // Two Windows CE devices with setup.exe (one of them also an older copy elsewhere) and a
 // junk file, nothing identified yet; the console on it on an 80x24 screen.
@@ -93,7 +50,7 @@ protected:
     std::string Play() {
         window->Run();
         window->Draw();
-        return screen.Text();
+        return screen.Dump();
     }
     // Moves down the tree by keys to the node whose text begins so.
     void BrowseTo(const std::string& text) {
@@ -128,7 +85,7 @@ protected:
     TempDir dir;
     SYDatabase db;
     SYTermConsole console{db};
-    GridScreen screen{24, 80};
+    SYTermBufferScreen screen{24, 80};
     std::optional<SYTermConsoleWindow> window;
 };
 

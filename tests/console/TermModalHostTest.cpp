@@ -10,13 +10,13 @@
 #include "SYTermKeys.h"
 #include "SYTermLineEdit.h"
 #include "SYTermModalHost.h"
-#include "editing/RuleDialogFixture.h"
 #include "editing/SYAppFilePropSheet.h"
 #include "editing/SYEditIdRuleDlg.h"
 #include "editing/SYSWRuleConfigPropSheet.h"
 #include "outside/widgets/SYFileDialog.h"
 #include "outside/widgets/SYMessageBox.h"
 #include "resources/SYResourceIds.h"
+#include "support/RuleDialogFixture.h"
 #include "support/TempDir.h"
 
 #include <curses.h>
