@@ -42,8 +42,15 @@ TEST(SYListItemArray, SortsBothWaysAndKeepsEmptySlotsLast) {
     new ValueItem(2, &array);
     array.SortArray(0, 1);
     EXPECT_EQ(values(array), (std::vector<int>{1, 2, 3, 5, 7, 9, -1}));
-    array.SortArray(0, 0);
+    std::vector<SYListItem*> before;
+    for (int i = 0; i < array.GetSize(); ++i)
+        before.push_back(array.GetAt(i));
+    std::vector<int> moved;
+    array.SortArray(0, 0, moved);
     EXPECT_EQ(values(array), (std::vector<int>{9, 7, 5, 3, 2, 1, -1}));
+    ASSERT_EQ(moved.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_EQ(array.GetAt(moved[i]), before[i]) << "slot " << i;
 }
 
 TEST(SYListItemArray, InconsistentComparisonsStillGiveEveryItemOnce) {
