@@ -78,19 +78,23 @@ void SYListItemArray::RemoveAll() {
 
 namespace {
 
-// A merge sort over slot indexes that reads nothing but single comparisons, and takes the
-// right item only when it sorts strictly before, so any answers (even inconsistent ones) give
-// a permutation of the input. It starts from the runs already in order, so a list sorted once
-// and then turned around costs a pass: a strictly falling run is simply reversed, which keeps
-// it stable.
+// An item with the slot it came from.
+struct Slot {
+    SYListItem* item;
+    int index;
+};
+
+// A merge sort that reads nothing but single comparisons, and takes the right item only when
+// it sorts strictly before, so any answers (even inconsistent ones) give a permutation of the
+// input. It starts from the runs already in order, so a list sorted once and then turned
+// around costs a pass: a strictly falling run is simply reversed, which keeps it stable.
 class RunMergeSort {
 public:
-    RunMergeSort(const std::vector<SYListItem*>& items, int column, int ascending)
-        : m_items(items), m_column(column), m_ascending(ascending) {}
+    RunMergeSort(int column, int ascending) : m_column(column), m_ascending(ascending) {}
 
-    void Sort(std::vector<int>& order) const {
+    void Sort(std::vector<Slot>& order) const {
         std::vector<std::size_t> bounds = Runs(order);
-        std::vector<int> buffer(order.size());
+        std::vector<Slot> buffer(order.size());
         while (bounds.size() > 2) {
             std::vector<std::size_t> merged{0};
             for (std::size_t r = 0; r + 1 < bounds.size(); r += 2) {
@@ -104,13 +108,12 @@ public:
     }
 
 private:
-    bool Before(int a, int b) const {
-        return m_items[static_cast<std::size_t>(a)]->CompareTo(m_items[static_cast<std::size_t>(b)],
-                                                               m_column, m_ascending) < 0;
+    bool Before(const Slot& a, const Slot& b) const {
+        return a.item->CompareTo(b.item, m_column, m_ascending) < 0;
     }
 
     // The start of every run and the end of the last one.
-    std::vector<std::size_t> Runs(std::vector<int>& order) const {
+    std::vector<std::size_t> Runs(std::vector<Slot>& order) const {
         const std::size_t n = order.size();
         std::vector<std::size_t> bounds{0};
         for (std::size_t lo = 0; lo < n;) {
@@ -130,8 +133,8 @@ private:
         return bounds;
     }
 
-    void Merge(const std::vector<int>& from, std::vector<int>& to, std::size_t lo, std::size_t mid,
-               std::size_t hi) const {
+    void Merge(const std::vector<Slot>& from, std::vector<Slot>& to, std::size_t lo,
+               std::size_t mid, std::size_t hi) const {
         std::size_t i = lo;
         std::size_t j = mid;
         std::size_t k = lo;
@@ -143,7 +146,6 @@ private:
             to[k++] = from[j++];
     }
 
-    const std::vector<SYListItem*>& m_items;
     int m_column;
     int m_ascending;
 };
@@ -156,19 +158,18 @@ void SYListItemArray::SortArray(int column, int ascending) {
 }
 
 void SYListItemArray::SortArray(int column, int ascending, std::vector<int>& moved) {
-    std::vector<int> order;
-    std::vector<int> empty;
+    std::vector<Slot> order;
+    std::vector<Slot> empty;
     order.reserve(m_items.size());
-    for (int index = 0; index < GetSize(); ++index)
-        (m_items[static_cast<std::size_t>(index)] != nullptr ? order : empty).push_back(index);
-    RunMergeSort(m_items, column, ascending).Sort(order);
+    for (int index = 0; index < GetSize(); ++index) {
+        SYListItem* item = m_items[static_cast<std::size_t>(index)];
+        (item != nullptr ? order : empty).push_back({item, index});
+    }
+    RunMergeSort(column, ascending).Sort(order);
     order.insert(order.end(), empty.begin(), empty.end());
-    std::vector<SYListItem*> sorted(m_items.size());
     moved.assign(m_items.size(), 0);
     for (std::size_t to = 0; to < order.size(); ++to) {
-        const auto from = static_cast<std::size_t>(order[to]);
-        sorted[to] = m_items[from];
-        moved[from] = static_cast<int>(to);
+        m_items[to] = order[to].item;
+        moved[static_cast<std::size_t>(order[to].index)] = static_cast<int>(to);
     }
-    m_items.swap(sorted);
 }
