@@ -45,9 +45,16 @@ TEST(SYListItemArray, SortsBothWaysStablyAndKeepsEmptySlotsLast) {
     array.SortArray(0, 1);
     EXPECT_EQ(values(array), (std::vector<int>{1, 2, 3, 5, 5, 7, 9, -1}));
     EXPECT_LT(array.Find(firstFive), array.Find(secondFive));
-    array.SortArray(0, 0);
+    std::vector<SYListItem*> before;
+    for (int i = 0; i < array.GetSize(); ++i)
+        before.push_back(array.GetAt(i));
+    std::vector<int> moved;
+    array.SortArray(0, 0, moved);
     EXPECT_EQ(values(array), (std::vector<int>{9, 7, 5, 5, 3, 2, 1, -1}));
     EXPECT_LT(array.Find(firstFive), array.Find(secondFive)) << "equal items keep their order";
+    ASSERT_EQ(moved.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_EQ(array.GetAt(moved[i]), before[i]) << "slot " << i;
 }
 
 TEST(SYListItemArray, InconsistentComparisonsStillGiveEveryItemOnce) {

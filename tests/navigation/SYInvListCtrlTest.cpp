@@ -147,6 +147,32 @@ TEST_F(InvListTest, FileListsReadTheirFilterAndSortDescendingOnSize) {
     EXPECT_EQ(list.GetSelectedAppID(), 0u);
 }
 
+TEST_F(InvListTest, ASortMovesEachRowWithItsRecordAndSelection) {
+    const auto big = AddFile(1, "a.dll", 300, 1000);
+    AddFile(1, "b.dll", 200, 3000);
+    AddFile(1, "c.dll", 100, 2000);
+    list.SetUnidFilesMode(1);
+    list.BuildUnidFiles();
+    list.SelectItem(0);
+    const std::vector<std::pair<int, Strings>> clicks = {
+        {1, {"c.dll", "b.dll", "a.dll"}},
+        {1, {"a.dll", "b.dll", "c.dll"}},
+        {2, {"a.dll", "c.dll", "b.dll"}},
+    };
+    for (const auto& [column, names] : clicks) {
+        list.ClickHeader(column);
+        ASSERT_EQ(Column(0), names);
+        for (int row = 0; row < list.GetItemCount(); ++row) {
+            const auto* file = dynamic_cast<const SYAppFileItem*>(
+                list.Data()[static_cast<int>(list.GetItemData(row))]);
+            ASSERT_NE(file, nullptr);
+            EXPECT_EQ(file->FileName(), names[static_cast<std::size_t>(row)]) << "row " << row;
+        }
+        EXPECT_EQ(list.GetSelectedCount(), 1);
+        EXPECT_EQ(list.GetSelectedFileID(), big);
+    }
+}
+
 TEST_F(InvListTest, HandheldListsNameTheirApplications) {
     const auto memo = AddPalmApp("MemoPad", "1.0", "Memos");
     AddPalmApp("Clock", "2", "Clock");

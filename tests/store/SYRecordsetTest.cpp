@@ -119,6 +119,10 @@ TEST(SYAppFileSet, LifeOfASetWithRequeryOnNewFilterValues) {
     EXPECT_EQ(sizes, (std::vector<std::uint64_t>{2, 3}));
     EXPECT_THROW(set.MoveNext(), CDBException);
     EXPECT_THROW(set.FileName(), CDBException);
+    set.FilterForFileSize(3, 0);
+    set.Requery();
+    ASSERT_FALSE(set.IsEOF()) << "a filter more makes another query";
+    EXPECT_EQ(set.FileSize(), 3U);
     set.Close();
     EXPECT_FALSE(set.IsOpen());
     EXPECT_THROW(set.Requery(), CDBException);

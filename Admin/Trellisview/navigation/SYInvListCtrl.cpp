@@ -220,7 +220,10 @@ void SYInvListCtrl::SetRIMAppListMode() {
 void SYInvListCtrl::SortOnHeader(int column) {
     m_sortAscending = column == m_sortColumn ? !m_sortAscending : 1;
     m_sortColumn = column;
-    RedisplayData();
+    // The rows already show their records; moving them is enough, and much cheaper than
+    // writing every row's text again.
+    if (!ReorderRows())
+        RedisplayData();
 }
 
 // --- content --------------------------------------------------------------------------------
@@ -393,6 +396,45 @@ void SYInvListCtrl::RedisplayData() {
         BuildFileListFromData(0);
     else
         BuildAppListFromData(0);
+}
+
+bool SYInvListCtrl::RowsMatchData() const {
+    std::vector<bool> shown(static_cast<std::size_t>(m_data.GetSize()), false);
+    for (int row = 0; row < GetItemCount(); ++row) {
+        const std::uint32_t index = GetItemData(row);
+        if (RecordOfRow(row) == nullptr || shown[index])
+            return false;
+        shown[index] = true;
+    }
+    int records = 0;
+    for (int i = 0; i < m_data.GetSize(); ++i)
+        records += m_data[i] != nullptr ? 1 : 0;
+    return records == GetItemCount();
+}
+
+bool SYInvListCtrl::ReorderRows() {
+    if (m_activeMode < 0 || !RowsMatchData())
+        return false;
+    std::vector<int> moved;
+    m_data.SortArray(m_sortColumn, m_sortAscending, moved);
+    std::vector<int> rowAt(moved.size(), -1);
+    for (int row = 0; row < GetItemCount(); ++row)
+        rowAt[static_cast<std::size_t>(moved[GetItemData(row)])] = row;
+    std::vector<int> order;
+    order.reserve(static_cast<std::size_t>(GetItemCount()));
+    for (const int row : rowAt) {
+        if (row >= 0)
+            order.push_back(row);
+    }
+    SetRedraw(0);
+    ReorderItems(order);
+    for (int row = 0; row < GetItemCount(); ++row)
+        SetItemData(row, static_cast<std::uint32_t>(moved[GetItemData(row)]));
+    // A sorted list starts again at its top.
+    EnsureVisible(0, 0);
+    SetRedraw(1);
+    Invalidate(0);
+    return true;
 }
 
 // --- selection ------------------------------------------------------------------------------

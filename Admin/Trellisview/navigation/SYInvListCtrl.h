@@ -77,6 +77,9 @@ protected:
     void BuildAppListFromData(int keepScroll);
     void BuildFileListFromData(int keepScroll);
     void RedisplayData();
+    // Sorts Data and moves the rows shown along with their records; false, having done
+    // nothing, unless each row stands for exactly one record.
+    bool ReorderRows();
     void RemoveMatchingFiles(const SYAppFileItem* rule);
     void AddFilesForRule(const SYAppFileItem* rule);
     // The row of the application, or -1; only in the application mode.
@@ -97,6 +100,7 @@ private:
     // Rows from Data in the sort order; text and image of a record come from rowOf.
     template <class RowOf> void BuildRows(int keepScroll, RowOf rowOf);
     const SYListItem* RecordOfRow(int row) const;
+    bool RowsMatchData() const;
     const SYListItem* SelectedRecord(int mode) const;
 
     std::vector<std::vector<SYInvColumn>> m_columnSets;

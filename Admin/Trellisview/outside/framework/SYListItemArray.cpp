@@ -78,40 +78,98 @@ void SYListItemArray::RemoveAll() {
 
 namespace {
 
-// Bottom-up merge: each step reads one comparison and takes from the left run unless the
-// right item sorts strictly before, so any answers (even inconsistent ones) give a
-// permutation of the input.
-void mergeSort(std::vector<SYListItem*>& items, int column, int ascending) {
-    const std::size_t n = items.size();
-    std::vector<SYListItem*> buffer(n);
-    for (std::size_t width = 1; width < n; width *= 2) {
-        for (std::size_t lo = 0; lo < n; lo += 2 * width) {
-            const std::size_t mid = std::min(lo + width, n);
-            const std::size_t hi = std::min(lo + 2 * width, n);
-            std::size_t i = lo;
-            std::size_t j = mid;
-            std::size_t k = lo;
-            while (i < mid && j < hi) {
-                if (items[j]->CompareTo(items[i], column, ascending) < 0)
-                    buffer[k++] = items[j++];
-                else
-                    buffer[k++] = items[i++];
+// An item with the slot it came from.
+struct Slot {
+    SYListItem* item;
+    int index;
+};
+
+// A merge sort that reads nothing but single comparisons, and takes the right item only when
+// it sorts strictly before, so any answers (even inconsistent ones) give a permutation of the
+// input. It starts from the runs already in order, so a list sorted once and then turned
+// around costs a pass: a strictly falling run is simply reversed, which keeps it stable.
+class RunMergeSort {
+public:
+    RunMergeSort(int column, int ascending) : m_column(column), m_ascending(ascending) {}
+
+    void Sort(std::vector<Slot>& order) const {
+        std::vector<std::size_t> bounds = Runs(order);
+        std::vector<Slot> buffer(order.size());
+        while (bounds.size() > 2) {
+            std::vector<std::size_t> merged{0};
+            for (std::size_t r = 0; r + 1 < bounds.size(); r += 2) {
+                const std::size_t hi = r + 2 < bounds.size() ? bounds[r + 2] : bounds[r + 1];
+                Merge(order, buffer, bounds[r], bounds[r + 1], hi);
+                merged.push_back(hi);
             }
-            while (i < mid)
-                buffer[k++] = items[i++];
-            while (j < hi)
-                buffer[k++] = items[j++];
+            order.swap(buffer);
+            bounds.swap(merged);
         }
-        items.swap(buffer);
     }
-}
+
+private:
+    bool Before(const Slot& a, const Slot& b) const {
+        return a.item->CompareTo(b.item, m_column, m_ascending) < 0;
+    }
+
+    // The start of every run and the end of the last one.
+    std::vector<std::size_t> Runs(std::vector<Slot>& order) const {
+        const std::size_t n = order.size();
+        std::vector<std::size_t> bounds{0};
+        for (std::size_t lo = 0; lo < n;) {
+            std::size_t hi = lo + 1;
+            if (hi < n && Before(order[hi], order[lo])) {
+                while (hi < n && Before(order[hi], order[hi - 1]))
+                    ++hi;
+                std::reverse(order.begin() + static_cast<std::ptrdiff_t>(lo),
+                             order.begin() + static_cast<std::ptrdiff_t>(hi));
+            } else {
+                while (hi < n && !Before(order[hi], order[hi - 1]))
+                    ++hi;
+            }
+            bounds.push_back(hi);
+            lo = hi;
+        }
+        return bounds;
+    }
+
+    void Merge(const std::vector<Slot>& from, std::vector<Slot>& to, std::size_t lo,
+               std::size_t mid, std::size_t hi) const {
+        std::size_t i = lo;
+        std::size_t j = mid;
+        std::size_t k = lo;
+        while (i < mid && j < hi)
+            to[k++] = Before(from[j], from[i]) ? from[j++] : from[i++];
+        while (i < mid)
+            to[k++] = from[i++];
+        while (j < hi)
+            to[k++] = from[j++];
+    }
+
+    int m_column;
+    int m_ascending;
+};
 
 } // namespace
 
 void SYListItemArray::SortArray(int column, int ascending) {
-    auto firstEmpty = std::stable_partition(m_items.begin(), m_items.end(),
-                                            [](const SYListItem* item) { return item != nullptr; });
-    std::vector<SYListItem*> present(m_items.begin(), firstEmpty);
-    mergeSort(present, column, ascending);
-    std::copy(present.begin(), present.end(), m_items.begin());
+    std::vector<int> moved;
+    SortArray(column, ascending, moved);
+}
+
+void SYListItemArray::SortArray(int column, int ascending, std::vector<int>& moved) {
+    std::vector<Slot> order;
+    std::vector<Slot> empty;
+    order.reserve(m_items.size());
+    for (int index = 0; index < GetSize(); ++index) {
+        SYListItem* item = m_items[static_cast<std::size_t>(index)];
+        (item != nullptr ? order : empty).push_back({item, index});
+    }
+    RunMergeSort(column, ascending).Sort(order);
+    order.insert(order.end(), empty.begin(), empty.end());
+    moved.assign(m_items.size(), 0);
+    for (std::size_t to = 0; to < order.size(); ++to) {
+        m_items[to] = order[to].item;
+        moved[static_cast<std::size_t>(order[to].index)] = static_cast<int>(to);
+    }
 }

@@ -1,6 +1,6 @@
 #include "outside/services/SYLocaleInfo.h"
 
-#include <cstdio>
+#include <charconv>
 
 std::string SYLocaleInfo::FormatUnsigned(std::uint64_t value) {
     std::string digits = std::to_string(value);
@@ -25,28 +25,47 @@ std::string SYLocaleInfo::FormatSigned(std::int64_t value) {
 
 namespace {
 
-std::string dateText(const CTime::LocalFields& local) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%d/%d/%04d", local.month, local.day, local.year);
-    return text;
+// Lists format a date for every row, so the digits are written by hand rather than through
+// printf. width pads with zeros.
+void appendNumber(std::string& text, int value, int width = 1) {
+    char digits[16];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    for (auto length = end - digits; length < width; ++length)
+        text += '0';
+    text.append(digits, end);
 }
 
-std::string timeText(const CTime::LocalFields& local) {
-    const int hour12 = local.hour % 12 == 0 ? 12 : local.hour % 12;
-    char text[32];
-    std::snprintf(text, sizeof text, "%d:%02d:%02d %s", hour12, local.minute, local.second,
-                  local.hour < 12 ? "AM" : "PM");
-    return text;
+void appendDate(std::string& text, const CTime::LocalFields& local) {
+    appendNumber(text, local.month);
+    text += '/';
+    appendNumber(text, local.day);
+    text += '/';
+    appendNumber(text, local.year, 4);
+}
+
+void appendTime(std::string& text, const CTime::LocalFields& local) {
+    appendNumber(text, local.hour % 12 == 0 ? 12 : local.hour % 12);
+    text += ':';
+    appendNumber(text, local.minute, 2);
+    text += ':';
+    appendNumber(text, local.second, 2);
+    text += local.hour < 12 ? " AM" : " PM";
 }
 
 } // namespace
 
 std::string SYLocaleInfo::FormatDate(const CTime& time, int /*flags*/) {
-    return time.IsNull() ? std::string() : dateText(time.GetLocalFields());
+    std::string text;
+    if (!time.IsNull())
+        appendDate(text, time.GetLocalFields());
+    return text;
 }
 
 std::string SYLocaleInfo::FormatTime(const CTime& time, int /*flags*/) {
-    return time.IsNull() ? std::string() : timeText(time.GetLocalFields());
+    std::string text;
+    if (!time.IsNull())
+        appendTime(text, time.GetLocalFields());
+    return text;
 }
 
 // One local-time conversion per call: lists format a date for every row.
@@ -55,5 +74,9 @@ std::string SYLocaleInfo::FormatDateAndTime(const CTime& time, int /*dateFlags*/
     if (time.IsNull())
         return {};
     const CTime::LocalFields local = time.GetLocalFields();
-    return dateText(local) + " " + timeText(local);
+    std::string text;
+    appendDate(text, local);
+    text += ' ';
+    appendTime(text, local);
+    return text;
 }

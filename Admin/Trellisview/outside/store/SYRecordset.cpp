@@ -34,25 +34,25 @@ void SYRecordset::Requery() {
 
 void SYRecordset::Run() {
     SYSelect select;
-    std::string sql = m_text;
-    if (!m_haveText) {
+    if (!m_haveText)
         BuildQuery(select);
-        sql = select.Sql();
-    }
     m_eof = 1;
     m_haveAddedKey = 0;
     m_writeMode = WriteMode::none;
     m_pending.clear();
-    if (m_statement && m_statement->Sql() == sql) {
+    // A requery usually changes only the filter values: the prepared statement stays and
+    // the text is not even written.
+    if (m_statement && (m_haveText || select.SameText(m_query))) {
         m_statement->Reset();
     } else {
         m_database->KeepStatement(std::move(m_statement));
         m_columns.clear();
-        m_statement = m_database->TakeStatement(sql);
+        m_statement = m_database->TakeStatement(m_haveText ? m_text : select.Sql());
         for (int i = 0; i < m_statement->ColumnCount(); ++i)
             m_columns.emplace(m_statement->ColumnName(i), i);
     }
-    const auto& parameters = select.Parameters();
+    m_query = std::move(select);
+    const auto& parameters = m_query.Parameters();
     for (std::size_t i = 0; i < parameters.size(); ++i)
         m_statement->Bind(static_cast<int>(i) + 1, parameters[i]);
     try {

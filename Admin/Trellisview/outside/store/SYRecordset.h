@@ -78,6 +78,8 @@ private:
     std::unique_ptr<SYStatement> m_statement;
     std::unordered_map<std::string, int> m_columns;
     std::string m_text;
+    // The query the statement runs, with the values last bound.
+    SYSelect m_query;
     bool m_haveText = false;
     int m_eof = 1;
     int m_options = none;

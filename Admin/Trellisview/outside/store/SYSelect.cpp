@@ -21,3 +21,8 @@ std::string SYSelect::Sql() const {
         sql += " ORDER BY " + m_orderBy;
     return sql;
 }
+
+bool SYSelect::SameText(const SYSelect& other) const {
+    return m_columns == other.m_columns && m_from == other.m_from && m_where == other.m_where &&
+           m_groupBy == other.m_groupBy && m_orderBy == other.m_orderBy;
+}

@@ -20,6 +20,8 @@ public:
     void OrderBy(std::string order) { m_orderBy = std::move(order); }
 
     std::string Sql() const;
+    // Whether both give the same text, found without writing either.
+    bool SameText(const SYSelect& other) const;
     const std::vector<SYDbValue>& Parameters() const { return m_parameters; }
 
 private:

@@ -299,6 +299,24 @@ int SYListCtrlEx::DeleteAllItems() {
     return 1;
 }
 
+int SYListCtrlEx::ReorderItems(const std::vector<int>& order) {
+    if (order.size() != m_rows.size())
+        return 0;
+    std::vector<bool> named(m_rows.size(), false);
+    for (const int row : order) {
+        if (!ValidRow(row) || named[static_cast<std::size_t>(row)])
+            return 0;
+        named[static_cast<std::size_t>(row)] = true;
+    }
+    std::vector<Row> rows;
+    rows.reserve(m_rows.size());
+    for (const int row : order)
+        rows.push_back(std::move(m_rows[static_cast<std::size_t>(row)]));
+    m_rows.swap(rows);
+    NoteChange();
+    return 1;
+}
+
 int SYListCtrlEx::GetSelectedItem() const {
     return GetNextItem(-1, LVNI_SELECTED);
 }

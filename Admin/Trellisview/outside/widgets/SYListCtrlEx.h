@@ -69,6 +69,10 @@ public:
     int GetItemCount() const { return static_cast<int>(m_rows.size()); }
     int DeleteItem(int row);
     int DeleteAllItems();
+    // Puts the rows in a new order, row i being the one that was row order[i]; each row
+    // keeps its text, image, data and state. Gives 0 and changes nothing unless order names
+    // every row once.
+    int ReorderItems(const std::vector<int>& order);
 
     // Selection and focus.
     void SetSingleSelection(int single) { m_singleSelection = single != 0; }
