@@ -1,6 +1,10 @@
 #include "SYCliDetails.h"
 
+#include <array>
 #include <string>
+#include <type_traits>
+#include <utility>
+#include <vector>
 
 #include "SYCliError.h"
 #include "SYCliPlatform.h"
@@ -9,8 +13,10 @@
 #include "details/SYAppTabWnd.h"
 #include "details/SYAppViewGeneralPage.h"
 #include "details/SYAppViewMachinesPage.h"
+#include "details/SYPalmAppDeviceItem.h"
 #include "details/SYPalmAppInstDetailsDlg.h"
 #include "details/SYPalmAppTabWnd.h"
+#include "details/SYRIMAppDeviceItem.h"
 #include "details/SYRIMAppInstDetailsDlg.h"
 #include "details/SYRIMAppTabWnd.h"
 #include "outside/services/SYConsoleApp.h"
@@ -55,6 +61,38 @@ SYCliTable fileTable(bool withID) {
     files.AddColumn("Mod Time", "time");
     files.AddColumn("Version", "version");
     return files;
+}
+
+// The Palm page's columns between the client and the storage card path (the location), in
+// the list's order: the values a script reads; titles and text are the list's.
+struct PalmColumn {
+    const char* key;
+    int format;
+    Cell (*value)(const SYPalmAppDeviceItem& device);
+};
+
+const std::array<PalmColumn, 8> kPalmColumns{{
+    {"where", 0, [](const SYPalmAppDeviceItem& d) { return SYCliTable::Text(d.Where()); }},
+    {"size", 1, [](const SYPalmAppDeviceItem& d) { return SYCliTable::Size(d.AppSize()); }},
+    {"total_size", 1, [](const SYPalmAppDeviceItem& d) { return SYCliTable::Size(d.TotalSize()); }},
+    {"create_date", 0,
+     [](const SYPalmAppDeviceItem& d) { return SYCliTable::Time(d.CreateDate()); }},
+    {"modify_date", 0,
+     [](const SYPalmAppDeviceItem& d) { return SYCliTable::Time(d.ModifyDate()); }},
+    {"backup_date", 0,
+     [](const SYPalmAppDeviceItem& d) { return SYCliTable::Time(d.BackupDate()); }},
+    {"database_count", 1,
+     [](const SYPalmAppDeviceItem& d) { return SYCliTable::Number(d.DatabaseCount()); }},
+    {"record_count", 1,
+     [](const SYPalmAppDeviceItem& d) { return SYCliTable::Number(d.RecordCount()); }},
+}};
+
+std::string locationOf(const SYPalmAppDeviceItem& device) {
+    return device.StorageCardPath();
+}
+
+std::string locationOf(const SYRIMAppDeviceItem&) {
+    return {};
 }
 
 SYCliTable clientTable() {
@@ -171,13 +209,24 @@ SYCliDocument SYCliDetails::HandheldApp(std::uint32_t appID, unsigned char platf
     auto& devices = *dynamic_cast<DevicesPage*>(tabs.GetPage(1));
 
     // A device holds the application once: the installation is known by the application.
+    constexpr bool palm = std::is_same_v<Item, SYPalmAppDeviceItem>;
+    const SYListCtrlEx& list = *tabs.DeviceList();
     SYCliTable clients = clientTable();
-    forEachRow<Item>(*tabs.DeviceList(), *devices.DeviceData(), [&](int, const Item& device) {
-        std::string location;
-        if constexpr (requires { device.StorageCardPath(); })
-            location = device.StorageCardPath();
-        clients.AddRow({SYCliTable::Id(device.DeviceID()), SYCliTable::Text(device.ClientName()),
-                        SYCliTable::Id(appID), SYCliTable::Text({}), SYCliTable::Text(location)});
+    if constexpr (palm) {
+        for (std::size_t i = 0; i < kPalmColumns.size(); ++i)
+            clients.AddColumn(list.GetColumnTitle(static_cast<int>(i) + 1), kPalmColumns[i].key,
+                              kPalmColumns[i].format);
+    }
+    forEachRow<Item>(list, *devices.DeviceData(), [&](int row, const Item& device) {
+        std::vector<Cell> cells{SYCliTable::Id(device.DeviceID()),
+                                SYCliTable::Text(device.ClientName()), SYCliTable::Id(appID),
+                                SYCliTable::Text({}), SYCliTable::Text(locationOf(device))};
+        if constexpr (palm) {
+            for (std::size_t i = 0; i < kPalmColumns.size(); ++i)
+                cells.push_back(shownAs(kPalmColumns[i].value(device),
+                                        list.GetItemText(row, static_cast<int>(i) + 1)));
+        }
+        clients.AddRow(std::move(cells));
     });
     if (general.AppName().empty() && clients.Rows().empty())
         unknown(m_database, appOn(appID, platform));

@@ -251,6 +251,10 @@ TEST_F(CommandLineTest, AppShowsTheDetailViewsRows) {
                   std::to_string(device["installation_id"].get<int>()), "--platform", platform});
         EXPECT_EQ(details["client"], device["client"]) << platform;
         EXPECT_EQ(details["application"].get<std::string>().rfind(handheld["name"], 0), 0u);
+        if (std::string(platform) == "palm") {
+            EXPECT_EQ(details["details"][0]["name"], "Where");
+            EXPECT_EQ(details["details"][0]["value"], device["where"]);
+        }
     }
 }
 
