@@ -7,6 +7,10 @@
 #include <vector>
 
 #include "console/CommandRunner.h"
+#include "details/SYAppMachineItem.h"
+#include "details/SYAppTabWnd.h"
+#include "details/SYAppViewGeneralPage.h"
+#include "details/SYAppViewMachinesPage.h"
 #include "navigation/SYInvListCtrl.h"
 #include "navigation/SYInvTreeWnd.h"
 #include "outside/services/SYConsoleApp.h"
@@ -15,6 +19,7 @@
 #include "outside/store/SYInventorySummary.h"
 #include "outside/widgets/SYWnd.h"
 #include "rules/SYAppFile.h"
+#include "rules/SYAppFileItem.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -176,6 +181,83 @@ TEST_F(CommandLineTest, SummaryTreeAndFileAgreeWithTheLibrary) {
     EXPECT_EQ(verdict["state"], "unidentified");
 }
 
+TEST_F(CommandLineTest, AppShowsTheDetailViewsRows) {
+    SYDatabase database;
+    database.Open(db);
+    SYWnd host;
+    host.Create(SYControlKind::Static, 1, "host", {0, 0, 800, 600}, nullptr);
+    SYAppTabWnd tabs;
+    ASSERT_NE(tabs.Initialize(100, &host), 0);
+    tabs.SetDatabase(&database);
+    std::uint32_t most = 0;
+    int mostTotal = 0;
+    for (const json& node : Json({"tree", "--platform", "pc"})) {
+        if (node["kind"] != "application")
+            continue;
+        const auto id = node["id"].get<std::uint32_t>();
+        tabs.LoadAppData(id, 0);
+        if (tabs.InstallationTotal() > mostTotal) {
+            most = id;
+            mostTotal = tabs.InstallationTotal();
+        }
+    }
+    ASSERT_EQ(tabs.LoadAppData(most, 0), 1);
+    ASSERT_GT(tabs.InstallationTotal(), tabs.MachineTotal() / 2);
+
+    // The view's rows in the view's order: ids from the items, names as the items hold them.
+    json clients = json::array();
+    auto& machines = *dynamic_cast<SYAppViewMachinesPage*>(tabs.GetPage(1));
+    for (int row = 0; row < tabs.MachineList()->GetItemCount(); ++row) {
+        const auto* m = static_cast<const SYAppMachineItem*>(
+            machines.MachineData()->GetAt(static_cast<int>(tabs.MachineList()->GetItemData(row))));
+        clients.push_back({m->MachineID(), m->MachineName(), m->InstallationID(), m->Location()});
+    }
+    json files = json::array();
+    auto& general = *dynamic_cast<SYAppViewGeneralPage*>(tabs.GetPage(0));
+    for (int row = 0; row < tabs.AppFileList().GetItemCount(); ++row) {
+        const auto* f = static_cast<const SYAppFileItem*>(
+            general.AppFileData()->GetAt(static_cast<int>(tabs.AppFileList().GetItemData(row))));
+        files.push_back({f->FileID(), f->FileName()});
+    }
+
+    const json app = Json({"app", std::to_string(most)});
+    std::string name, version, company;
+    tabs.AppInfo(name, version, company);
+    EXPECT_EQ(app["name"], name);
+    EXPECT_EQ(app["version"], version);
+    EXPECT_EQ(app["company"], company);
+    EXPECT_EQ(app["total_clients"], tabs.MachineTotal());
+    EXPECT_EQ(app["total_installations"], tabs.InstallationTotal());
+    json shownClients = json::array();
+    for (const json& c : app["clients"])
+        shownClients.push_back({c["client_id"], c["client"], c["installation_id"], c["location"]});
+    EXPECT_EQ(shownClients, clients);
+    json shownFiles = json::array();
+    for (const json& f : app["files"])
+        shownFiles.push_back({f["id"], f["name"]});
+    EXPECT_EQ(shownFiles, files);
+
+    // A handheld's installation is the application on the device: the ids of a row of the
+    // application lead to it.
+    for (const char* platform : {"palm", "rim"}) {
+        const json listed = Json({"list", platform});
+        ASSERT_FALSE(listed.empty());
+        const std::string id = std::to_string(listed[0]["id"].get<int>());
+        const json handheld = Json({"app", id, "--platform", platform});
+        ASSERT_FALSE(handheld["clients"].empty()) << platform;
+        const json& device = handheld["clients"].back();
+        const json details =
+            Json({"installation", std::to_string(device["client_id"].get<int>()),
+                  std::to_string(device["installation_id"].get<int>()), "--platform", platform});
+        EXPECT_EQ(details["client"], device["client"]) << platform;
+        EXPECT_EQ(details["application"].get<std::string>().rfind(handheld["name"], 0), 0u);
+        if (std::string(platform) == "palm") {
+            EXPECT_EQ(details["details"][0]["name"], "Where");
+            EXPECT_EQ(details["details"][0]["value"], device["where"]);
+        }
+    }
+}
+
 TEST_F(CommandLineTest, IdentifyingAnUnidentifiedFileFromPreviewToWrite) {
     const json before = Json({"list", "unidentified"});
     const std::string name = before[0]["file"];
@@ -216,7 +298,7 @@ TEST_F(CommandLineTest, IdentifyingAnUnidentifiedFileFromPreviewToWrite) {
     const json installation = Json({"installation", std::to_string(first["client_id"].get<int>()),
                                     std::to_string(first["installation_id"].get<int>())});
     EXPECT_EQ(installation["location"], first["location"]);
-    EXPECT_EQ(installation["name"], "Road Tool");
+    EXPECT_EQ(installation["application"], "Road Tool  [ 2.0 ]");
     EXPECT_FALSE(installation["files"].empty());
     const json verdict = Json({"file", std::to_string(before[0]["id"].get<int>())});
     EXPECT_EQ(verdict["state"], "user_identified");

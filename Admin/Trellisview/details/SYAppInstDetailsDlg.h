@@ -36,13 +36,19 @@ public:
     // 2 without showing when there is nothing to show or the store failed; else 1 after
     // the dialog closed.
     int DoModal() override;
+    // What DoModal reads before it shows; 0 when there is nothing to show or the store
+    // failed. Lets a caller without a screen read what the dialog would show.
+    int LoadData();
 
+    // "name  [ version ]"; empty for an installation without an application record.
+    const std::string& AppName() const { return m_appName; }
+    const std::string& ClientName() const { return m_clientName; }
+    const std::string& Location() const { return m_location; }
     const std::vector<SYAppInstFileItem>& FileData() const { return m_fileData; }
 
 protected:
     SYDatabase* GetDatabase() const { return m_database; }
     void DoDataExchange(CDataExchange* dx) override;
-    int LoadData();
     // Name order without regard to case; a null row gives 0.
     static int CompareFileItems(const SYAppInstFileItem* first, const SYAppInstFileItem* second);
 

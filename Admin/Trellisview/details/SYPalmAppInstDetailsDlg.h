@@ -24,14 +24,21 @@ public:
     // 2 without showing when the device lacks the application or the store failed; else
     // 1 after the dialog closed.
     int DoModal() override;
+    // What DoModal reads before it shows; 0 when there is nothing to show or the store
+    // failed. Lets a caller without a screen read what the dialog would show.
+    int LoadData();
 
+    const std::string& DatabaseName() const { return m_databaseName; }
+    const std::string& ClientName() const { return m_clientName; }
+    const std::string& CreatorID() const { return m_creatorID; }
+    // The application's name (its database name when it has none), with its version.
+    const std::string& AppName() const { return m_appName; }
     // "label<TAB>value" rows.
     const std::vector<std::string>& Details() const { return m_details; }
 
 protected:
     SYDatabase* GetDatabase() const { return m_database; }
     void DoDataExchange(CDataExchange* dx) override;
-    int LoadData();
     // The fields between tabs, empty ones included: n tabs give n + 1 fields.
     static void ParseString(const std::string& text, std::vector<std::string>& fields);
 

@@ -20,6 +20,7 @@ public:
                     const std::string& creatorID, const std::string& appName);
     void SetTotals(int deviceTotal);
     const std::string& AppName() const { return m_appName; }
+    const std::string& AppVersion() const { return m_appVersion; }
     int DeviceTotal() const { return m_deviceTotal; }
 
     void Resize() override;

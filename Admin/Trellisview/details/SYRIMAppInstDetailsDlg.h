@@ -22,11 +22,17 @@ public:
     // 2 without showing when the device lacks the application or the store failed; else
     // 1 after the dialog closed.
     int DoModal() override;
+    // What DoModal reads before it shows; 0 when there is nothing to show or the store
+    // failed. Lets a caller without a screen read what the dialog would show.
+    int LoadData();
+
+    // "name  [ version ]".
+    const std::string& AppName() const { return m_appName; }
+    const std::string& ClientName() const { return m_clientName; }
 
 protected:
     SYDatabase* GetDatabase() const { return m_database; }
     void DoDataExchange(CDataExchange* dx) override;
-    int LoadData();
 
 private:
     SYDisplayField m_appNameField;

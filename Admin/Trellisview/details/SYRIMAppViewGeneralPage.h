@@ -18,6 +18,7 @@ public:
     void SetAppInfo(const std::string& appName, const std::string& appVersion);
     void SetTotals(int deviceTotal);
     const std::string& AppName() const { return m_appName; }
+    const std::string& AppVersion() const { return m_appVersion; }
     int DeviceTotal() const { return m_deviceTotal; }
 
     void Resize() override;
