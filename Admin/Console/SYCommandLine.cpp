@@ -166,7 +166,10 @@ private:
                 return SYCliDetails(db).Installation(m_args.id, m_args.id2, PlatformType());
             });
         installation->add_option("CLIENT_ID", a.id, "the client's id")->required();
-        installation->add_option("INSTALLATION_ID", a.id2, "the installation's id")->required();
+        installation
+            ->add_option("INSTALLATION_ID", a.id2,
+                         "the installation's id (on palm and rim, the application's id)")
+            ->required();
         Platform(installation, {"pc", "ce", "palm", "rim"});
     }
 
