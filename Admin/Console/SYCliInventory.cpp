@@ -3,10 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
+#include <unistd.h>
 
 #include "SYCliError.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYInventoryOpener.h"
 
 std::string SYCliInventory::DefaultPath() {
@@ -22,6 +25,7 @@ void SYCliInventory::Open(SYDatabase& database, const std::string& path,
     SYInventoryOpener opener;
     if (!path.empty())
         opener.SetPath(path);
+    SetFirstRun(opener);
     opener.SetMode(mode);
     if (opener.Open(database) == 0)
         throw SYCliError(SYCliError::StoreFailed, opener.Message());
@@ -31,4 +35,25 @@ void SYCliInventory::Open(SYDatabase& database, const std::string& path,
     if (!opener.Message().empty())
         std::fprintf(stderr, "trellisview: %s\n", opener.Message().c_str());
     SYGetApp().SetInstallPath(opener.InstallPath());
+}
+
+void SYCliInventory::SetFirstRun(SYInventoryOpener& opener) {
+    SYInventoryGenerator::Options options = SYInventoryGenerator::FirstRunOptions();
+    if (isatty(STDERR_FILENO) != 0)
+        options.progress = ShowProgress;
+    opener.SetDemoOptions(options);
+}
+
+void SYCliInventory::ShowProgress(int written, int total) {
+    constexpr int width = 40;
+    const int percent = written * 100 / total;
+    static int shown = -1;
+    if (percent == shown)
+        return;
+    shown = percent;
+    const int filled = percent * width / 100;
+    std::fprintf(stderr, "\r[%s%s] %3d%% %d/%d clients", std::string(filled, '#').c_str(),
+                 std::string(width - filled, ' ').c_str(), percent, written, total);
+    if (written == total)
+        std::fputc('\n', stderr);
 }

@@ -4,6 +4,8 @@
 
 #include "outside/store/SYDatabase.h"
 
+class SYInventoryOpener;
+
 // Where the command line finds its inventory and the system rules beside it.
 class SYCliInventory {
 public:
@@ -16,4 +18,9 @@ public:
     // points the application object at its installation folder. A refusal throws SYCliError
     // with the opener's one line; a view opens for reading, so the file is not rewritten.
     static void Open(SYDatabase& database, const std::string& path, SYDatabase::OpenMode mode);
+    // Makes the opener give a first-run demo inventory the program's realistic estate, with
+    // a progress bar on a terminal while it is made.
+    static void SetFirstRun(SYInventoryOpener& opener);
+    // A bar on stderr, redrawn when the percentage moves.
+    static void ShowProgress(int written, int total);
 };

@@ -352,25 +352,10 @@ SYInventoryGenerator::Options profileOptions(const Args& args) {
     return options;
 }
 
-// A bar on stderr, redrawn when the percentage moves.
-void showProgress(int written, int total) {
-    constexpr int width = 40;
-    const int percent = written * 100 / total;
-    static int shown = -1;
-    if (percent == shown)
-        return;
-    shown = percent;
-    const int filled = percent * width / 100;
-    std::fprintf(stderr, "\r[%s%s] %3d%% %d/%d clients", std::string(filled, '#').c_str(),
-                 std::string(width - filled, ' ').c_str(), percent, written, total);
-    if (written == total)
-        std::fputc('\n', stderr);
-}
-
 int generate(const Args& args) {
     SYInventoryGenerator::Options options = profileOptions(args);
     if (isatty(STDERR_FILENO) != 0)
-        options.progress = showProgress;
+        options.progress = SYCliInventory::ShowProgress;
     if (SYInventoryGenerator::CreateIfAbsent(args.out, SYCliInventory::InstallFolder(args.out),
                                              options) == 0)
         throw SYCliError(SYCliError::StoreFailed, args.out + ": already exists");

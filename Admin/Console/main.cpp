@@ -12,6 +12,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "SYCliInventory.h"
 #include "SYCommandLine.h"
 #include "SYTermConsoleProgram.h"
 #include "outside/framework/CException.h"
@@ -48,6 +49,7 @@ int main(int argc, char** argv) {
     if (SYCommandLine::Wants(argc, argv))
         return SYCommandLine::Run(argc, argv);
     SYInventoryOpener opener;
+    SYCliInventory::SetFirstRun(opener);
     bool summaryOnly = false;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];

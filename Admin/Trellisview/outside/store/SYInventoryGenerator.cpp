@@ -154,6 +154,10 @@ SYInventoryGenerator::Options SYInventoryGenerator::RealisticOptions(int clients
     return options;
 }
 
+SYInventoryGenerator::Options SYInventoryGenerator::FirstRunOptions() {
+    return RealisticOptions(2000, DemoOptions().seed);
+}
+
 SYInventoryGenerator::Options SYInventoryGenerator::DemoOptions() {
     Options options;
     options.seed = 20260101;

@@ -39,6 +39,9 @@ public:
     static Options DemoOptions();
     // The estate benchmarks measure on.
     static Options RealisticOptions(int clients, std::uint32_t seed = 1);
+    // What the program makes at its default place on first run: a realistic estate of a
+    // few thousand clients, made in seconds.
+    static Options FirstRunOptions();
 
     explicit SYInventoryGenerator(const Options& options);
 

@@ -97,8 +97,7 @@ int SYInventoryOpener::MakeDemoIfAbsent() {
     if (error)
         return Refuse("Cannot make the folder " + inQuotes(folder) + " for the inventory " +
                       inQuotes(m_resolved) + ": " + error.message() + ".");
-    m_created = SYInventoryGenerator::CreateIfAbsent(m_resolved, InstallPath(),
-                                                     SYInventoryGenerator::DemoOptions()) != 0;
+    m_created = SYInventoryGenerator::CreateIfAbsent(m_resolved, InstallPath(), m_demoOptions) != 0;
     return 1;
 }
 

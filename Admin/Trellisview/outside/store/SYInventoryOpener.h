@@ -3,6 +3,7 @@
 #include <string>
 
 #include "outside/store/SYDatabase.h"
+#include "outside/store/SYInventoryGenerator.h"
 
 // How a program opens its inventory: the default demo inventory, made on first use, or a
 // file the user names, made only on request. Nothing is thrown: a refusal is one line that
@@ -21,6 +22,8 @@ public:
     // Nonzero: run the engine's quick check before the file is used.
     void SetCheck(int check) { m_check = check != 0; }
     void SetMode(SYDatabase::OpenMode mode) { m_mode = mode; }
+    // What a demo inventory made here holds; the small demo estate unless set.
+    void SetDemoOptions(const SYInventoryGenerator::Options& options) { m_demoOptions = options; }
     void SetBusyTimeout(int milliseconds) { m_busyTimeoutMs = milliseconds; }
 
     // Nonzero when database is open; 0 with Message() telling why not.
@@ -45,6 +48,7 @@ private:
     std::string m_resolved;
     std::string m_message;
     SYDatabase::OpenMode m_mode = SYDatabase::OpenMode::Write;
+    SYInventoryGenerator::Options m_demoOptions = SYInventoryGenerator::DemoOptions();
     int m_busyTimeoutMs = SYDatabase::DefaultBusyTimeoutMs;
     bool m_create = false;
     bool m_check = false;
