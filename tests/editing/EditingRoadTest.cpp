@@ -3,10 +3,10 @@
 #include <string>
 
 #include "editing/SYEditIdRuleDlg.h"
-#include "navigation/InventoryFixture.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "resources/SYResourceIds.h"
 #include "rules/SYSWRule.h"
+#include "support/InventoryFixture.h"
 #include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 

@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "navigation/InventoryFixture.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "rules/SYSWRule.h"
+#include "support/InventoryFixture.h"
 
 namespace {
 
@@ -64,7 +64,7 @@ TEST_F(NavigationRuleFlowTest, IdentifiedFileLeavesTheListAndItsApplicationJoins
     const HTREEITEM app = Ctrl().GetChildItem(Ctrl().GetSelectedItem());
     EXPECT_EQ(Ctrl().GetItemText(app), "Setup Wizard  [ 1.0 ]");
     EXPECT_EQ(tree.CheckItemForText(app, "SETUP"), 1);
-    EXPECT_TRUE(SYGetApp().Reports().empty());
+    EXPECT_TRUE(reports.Empty());
 }
 
 TEST_F(NavigationRuleFlowTest, IgnoredApplicationLeavesTreeAndLists) {

@@ -120,33 +120,6 @@ TEST_F(SYSWRuleInventoryTest, IdentifyThenIgnoreThenRemove) {
     EXPECT_TRUE(Files(false).count(mystery));
 }
 
-TEST_F(SYSWRuleInventoryTest, IgnoringAnApplicationLeavesOneRulePerFileInformation) {
-    // An older identification for one of the files, with the same file information.
-    SYIdRuleItem older = Identify("suite.dll");
-    older.SetFileSize(std::uint64_t{6000});
-    older.SetModTime(ScanTime);
-    ASSERT_EQ(engine.AddIdRule(older, 0), 1);
-    const unsigned long app = AppOf(*suite.begin());
-    ASSERT_FALSE(ClientsWith(app).empty());
-    // One scratch item for every file of the application.
-    SYIgnoreRuleItem scratch;
-    scratch.SetModTime(ScanTime);
-    for (const auto& [name, size] : {std::pair{"suite.exe", 5000}, std::pair{"suite.dll", 6000}}) {
-        scratch.SetFileName(name);
-        scratch.SetFileSize(static_cast<std::uint64_t>(size));
-        ASSERT_EQ(engine.AddExcludeRule(scratch, 1), 1);
-        ASSERT_EQ(engine.RemoveMatchingRules(scratch), 1);
-        // Besides the new rule, no active rule has this file information.
-        unsigned char type = 9;
-        EXPECT_EQ(engine.FindMatchingRule(scratch, type), 0U) << name;
-    }
-    EXPECT_EQ(engine.NumChangedRules(), 3);
-    Apply();
-    for (unsigned long id : suite)
-        EXPECT_TRUE(Files(true).count(id)) << id;
-    EXPECT_TRUE(ClientsWith(app).empty());
-}
-
 TEST_F(SYSWRuleInventoryTest, ARenameFollowsInTheInventoryAndAFailedApplicationChangesNothing) {
     FaultSweep sweep(db);
     while (sweep.Next()) {

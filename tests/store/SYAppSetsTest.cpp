@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "outside/framework/CException.h"
-#include "outside/store/SYAppCompanySet.h"
 #include "outside/store/SYAppEnum.h"
 #include "outside/store/SYAppSet.h"
 #include "outside/store/SYInventoryModel.h"
@@ -48,16 +47,6 @@ protected:
 
     SYDatabase db;
 };
-
-TEST_F(AppInventory, CompaniesComeByInternalNameWithTheCommonestSpellingFirst) {
-    SYAppCompanySet set(db);
-    set.Open();
-    std::vector<std::string> rows;
-    for (; !set.IsEOF(); set.MoveNext())
-        rows.push_back(set.AppCompanyInternal() + "=" + set.AppCompany());
-    EXPECT_EQ(rows, (std::vector<std::string>{"acme=Acme Corp.", "acme=ACME Corporation",
-                                              "bolt=Bolt, Inc.", "bolt=Bolt Inc"}));
-}
 
 TEST_F(AppInventory, EnumeratesInstalledApplicationsOfOneCompany) {
     SYAppEnum apps;

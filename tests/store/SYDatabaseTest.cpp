@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "outside/framework/CException.h"
@@ -14,53 +12,8 @@
 
 namespace {
 
-std::string readBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 void addMachine(SYDatabase& db, const std::string& name) {
     db.Exec("INSERT INTO Machines (MachineName) VALUES ('" + name + "')");
-}
-
-TEST(SYDatabase, RefusesWhatIsNoReadableInventoryAndLeavesTheFileAsItWas) {
-    const std::string inventory =
-        "PRAGMA application_id = " + std::to_string(SYInventorySchema::ApplicationID);
-    const struct {
-        const char* label;
-        std::string stamp; // SQL run on a new database; none: the file holds the label
-        const char* messagePart;
-    } cases[] = {
-        {"text file", "", "is not a Trellisview inventory"},
-        {"foreign database", "PRAGMA application_id = 1234", "is not a Trellisview inventory"},
-        {"no version", inventory + "; PRAGMA user_version = 0", "without a schema version"},
-        {"newer version", inventory + "; PRAGMA user_version = 99", "schema version 99, newer"},
-    };
-    TempDir dir;
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.label);
-        const std::string path = dir.File(std::string(c.label) + ".db");
-        if (c.stamp.empty()) {
-            std::ofstream(path, std::ios::binary) << c.label;
-        } else {
-            SYDatabase maker;
-            maker.CreateSystemRules(path);
-            maker.Exec(c.stamp);
-        }
-        const std::string before = readBytes(path);
-        SYDatabase db;
-        try {
-            db.Open(path);
-            ADD_FAILURE() << "opened";
-        } catch (const CDBException& e) {
-            EXPECT_NE(e.ErrorMessage().find(c.messagePart), std::string::npos) << e.ErrorMessage();
-            EXPECT_NE(e.ErrorMessage().find(path), std::string::npos);
-        }
-        EXPECT_FALSE(db.IsOpen());
-        EXPECT_EQ(readBytes(path), before);
-    }
-    EXPECT_THROW(SYDatabase().Open(dir.File("absent.db")), CDBException);
-    EXPECT_FALSE(std::filesystem::exists(dir.File("absent.db")));
 }
 
 // Kind of the Installations object and schema version, read past Open, which upgrades.

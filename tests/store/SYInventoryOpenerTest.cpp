@@ -96,6 +96,15 @@ TEST(SYInventoryOpener, RefusesInOneLineNamingFileAndCauseAndLeavesTheFileAsItWa
              return std::unique_ptr<SYDatabase>();
          },
          false, "not a Trellisview inventory"},
+        {"foreign",
+         [](const std::string& path) {
+             SYDatabase maker;
+             maker.CreateSystemRules(path);
+             maker.Exec("PRAGMA application_id = 1234");
+             return std::unique_ptr<SYDatabase>();
+         },
+         false, "not a Trellisview inventory"},
+        {"no version", stamped("PRAGMA user_version = 0"), false, "without a schema version"},
         {"newer", stamped("PRAGMA user_version = 99"), false, "newer than this program"},
         // A version-1 stamp on a file without the tables an upgrade works on.
         {"upgrade fails", stamped("PRAGMA user_version = 1"), false, "cannot be upgraded"},

@@ -10,6 +10,7 @@
 #include "navigation/SYInvTreeWnd.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/widgets/SYWnd.h"
+#include "support/ReportCapture.h"
 
 using Strings = std::vector<std::string>;
 
@@ -31,7 +32,7 @@ public:
 };
 
 // A fresh in-memory inventory per test with a tree and a list on it, helpers that write
-// exactly the rows a case needs, and the failure reports cleared.
+// exactly the rows a case needs, and the failure reports captured.
 class InventoryFixture : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -58,6 +59,7 @@ protected:
     Strings Column(int column) const;
     Strings ReportKinds() const;
 
+    ReportCapture reports;
     SYDatabase db;
     SYWnd host;
     TestTree tree;

@@ -1,12 +1,10 @@
-#include "navigation/InventoryFixture.h"
+#include "support/InventoryFixture.h"
 
-#include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYStatement.h"
 
 void InventoryFixture::SetUp() {
     db.OpenMemory(true);
     host.Create(SYControlKind::Static, 1, "host", {0, 0, 800, 600}, nullptr);
-    SYGetApp().ClearReports();
     ASSERT_NE(tree.Initialize(200, &host), 0);
     tree.SetDatabase(&db);
     ASSERT_EQ(list.Initialize(300, 4052, 0x808000, 14, &host), 1);
@@ -15,7 +13,6 @@ void InventoryFixture::SetUp() {
 
 void InventoryFixture::TearDown() {
     host.DestroyWindow();
-    SYGetApp().ClearReports();
 }
 
 std::uint32_t InventoryFixture::AddApp(unsigned char inv, const std::string& company,
@@ -101,7 +98,7 @@ Strings InventoryFixture::Column(int column) const {
 
 Strings InventoryFixture::ReportKinds() const {
     Strings kinds;
-    for (const auto& report : SYGetApp().Reports())
+    for (const auto& report : reports.All())
         kinds.push_back(report.kind);
     return kinds;
 }
