@@ -375,10 +375,9 @@ int SYTermConsole::ApplyRuleChanges() {
     return applied;
 }
 
-int SYTermConsole::IdentifyFile(Target file) {
+template <class Dialog> int SYTermConsole::RunFileRuleDialog(Dialog& dialog, Target file) {
     if (file.id == 0)
         return 0;
-    SYEditIdRuleDlg dialog;
     dialog.InvDataType = file.platform;
     dialog.SetDatabase(&m_database);
     m_engine.InvDataType = file.platform;
@@ -387,31 +386,30 @@ int SYTermConsole::IdentifyFile(Target file) {
     if (dialog.DoModal() != IDOK)
         return 0;
     ApplyRuleChanges();
-    m_list.IdentifyFile(&dialog.RuleItem(), file.platform);
-    // The tree learns of the application the rule made through a refresh.
+    return 1;
+}
+
+int SYTermConsole::AfterFileRule() {
     UpdateTree();
     if (m_view == View::App)
         ShowSelection();
     return 1;
 }
 
+int SYTermConsole::IdentifyFile(Target file) {
+    SYEditIdRuleDlg dialog;
+    if (RunFileRuleDialog(dialog, file) == 0)
+        return 0;
+    m_list.IdentifyFile(&dialog.RuleItem(), file.platform);
+    return AfterFileRule();
+}
+
 int SYTermConsole::IgnoreFile(Target file) {
-    if (file.id == 0)
-        return 0;
     SYEditExcludeDlg dialog;
-    dialog.InvDataType = file.platform;
-    dialog.SetDatabase(&m_database);
-    m_engine.InvDataType = file.platform;
-    dialog.SetSWRule(&m_engine);
-    dialog.SetFileID(file.id);
-    if (dialog.DoModal() != IDOK)
+    if (RunFileRuleDialog(dialog, file) == 0)
         return 0;
-    ApplyRuleChanges();
     m_list.ExcludeFile(&dialog.RuleItem(), file.platform);
-    UpdateTree();
-    if (m_view == View::App)
-        ShowSelection();
-    return 1;
+    return AfterFileRule();
 }
 
 int SYTermConsole::IgnoreApplication(Target app) {

@@ -102,6 +102,12 @@ private:
     Target SelectedApp(Pane pane);
     int IdentifyFile(Target file);
     int IgnoreFile(Target file);
+    // Runs a file's rule dialog on the console's engine and applies what it wrote; nonzero
+    // when it closed with OK.
+    template <class Dialog> int RunFileRuleDialog(Dialog& dialog, Target file);
+    // The views after a file's rule: the tree learns of the application the rule made
+    // through a refresh.
+    int AfterFileRule();
     int IgnoreApplication(Target app);
     int FileProperties(Target file);
     int InstallationDetails();
