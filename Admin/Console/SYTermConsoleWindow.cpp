@@ -64,6 +64,35 @@ bool isEnter(int key) {
     return key == Keys::Newline || key == Keys::Return || key == Keys::Enter;
 }
 
+// Where a move key takes the selection from row at among rows 0 to last; -1 for any other
+// key.
+int movedTo(int key, int at, int page, int last) {
+    int to = at;
+    switch (key) {
+    case Keys::Up:
+        to = at - 1;
+        break;
+    case Keys::Down:
+        to = at + 1;
+        break;
+    case Keys::PreviousPage:
+        to = at - page;
+        break;
+    case Keys::NextPage:
+        to = at + page;
+        break;
+    case Keys::Home:
+        to = 0;
+        break;
+    case Keys::End:
+        to = last;
+        break;
+    default:
+        return -1;
+    }
+    return std::clamp(to, 0, last);
+}
+
 } // namespace
 
 SYTermConsoleWindow::SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& screen)
@@ -168,26 +197,15 @@ void SYTermConsoleWindow::HandleTreeKey(int key) {
     }
     const int page = std::max(1, m_rows - 4);
     const int last = static_cast<int>(lines.size()) - 1;
-    int to = at;
+    const int to = movedTo(key, at, page, last);
+    if (to >= 0) {
+        if (to != at) {
+            ShowBusy();
+            tree.SelectItem(lines[static_cast<std::size_t>(to)].node);
+        }
+        return;
+    }
     switch (key) {
-    case Keys::Up:
-        to = at - 1;
-        break;
-    case Keys::Down:
-        to = at + 1;
-        break;
-    case Keys::PreviousPage:
-        to = at - page;
-        break;
-    case Keys::NextPage:
-        to = at + page;
-        break;
-    case Keys::Home:
-        to = 0;
-        break;
-    case Keys::End:
-        to = last;
-        break;
     case Keys::Right:
         if (tree.ItemHasChildren(selected) && !tree.ItemExpanded(selected)) {
             ShowBusy();
@@ -212,11 +230,6 @@ void SYTermConsoleWindow::HandleTreeKey(int key) {
             SetFocus(Pane::Right);
         return;
     }
-    to = std::clamp(to, 0, last);
-    if (to != at) {
-        ShowBusy();
-        tree.SelectItem(lines[static_cast<std::size_t>(to)].node);
-    }
 }
 
 void SYTermConsoleWindow::MoveInList(SYListCtrlEx& list, int key) {
@@ -225,30 +238,9 @@ void SYTermConsoleWindow::MoveInList(SYListCtrlEx& list, int key) {
         return;
     const int at = list.GetSelectedItem();
     const int page = list.GetCountPerPage();
-    int to = at;
-    switch (key) {
-    case Keys::Up:
-        to = at - 1;
-        break;
-    case Keys::Down:
-        to = at + 1;
-        break;
-    case Keys::PreviousPage:
-        to = at - page;
-        break;
-    case Keys::NextPage:
-        to = at + page;
-        break;
-    case Keys::Home:
-        to = 0;
-        break;
-    case Keys::End:
-        to = count - 1;
-        break;
-    default:
+    const int to = movedTo(key, at, page, count - 1);
+    if (to < 0)
         return;
-    }
-    to = std::clamp(to, 0, count - 1);
     list.SelectItem(to);
     list.EnsureVisible(to);
 }
