@@ -2,11 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "console/CommandRunner.h"
 #include "details/SYAppMachineItem.h"
 #include "details/SYAppTabWnd.h"
 #include "details/SYAppViewGeneralPage.h"
@@ -20,6 +18,7 @@
 #include "outside/widgets/SYWnd.h"
 #include "rules/SYAppFile.h"
 #include "rules/SYAppFileItem.h"
+#include "support/CommandRunner.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +14,8 @@
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "resources/SYResourceIds.h"
+#include "support/InventoryFixture.h"
+#include "support/ReportCapture.h"
 #include "support/SYScriptedModalHost.h"
 #include "support/TempDir.h"
 
@@ -29,22 +29,12 @@ class TermConsoleTest : public ::testing::Test {
 protected:
     void SetUp() override {
         db.OpenMemory(true);
-        SYInventoryWriter writer(db);
-        const CTime time(1614862923);
-        const auto first = writer.AddDevice(1, "pocket1", "ann", time);
-        const auto second = writer.AddDevice(1, "pocket2", "bob", time);
-        for (const auto device : {first, second}) {
-            writer.AddFile(1, device, "\\Windows", {"setup.exe", 100, time, "", "", ""});
-            writer.AddFile(1, device, "\\Windows", {"junk.tmp", 7, time, "", "", ""});
-        }
-        writer.AddFile(1, second, "\\Temp", {"setup.exe", 200, time, "", "", ""});
-        writer.Commit();
-        SYGetApp().ClearReports();
+        WritePocketInventory(db);
         ASSERT_EQ(console.Start(), 1);
         console.SetPrintFolder(dir.Path());
         window.emplace(console, screen);
     }
-    void TearDown() override { EXPECT_TRUE(SYGetApp().Reports().empty()); }
+    void TearDown() override { EXPECT_TRUE(reports.Empty()); }
 
     // Plays the queued keys and draws the screen as the user would see it afterwards.
     std::string Play() {
@@ -82,6 +72,7 @@ protected:
         Play();
     }
 
+    ReportCapture reports;
     TempDir dir;
     SYDatabase db;
     SYTermConsole console{db};

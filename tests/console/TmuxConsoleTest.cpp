@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <thread>
 
-#include "console/CommandRunner.h"
+#include "support/CommandRunner.h"
 #include "support/TempDir.h"
 
 namespace {

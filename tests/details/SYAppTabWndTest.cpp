@@ -9,10 +9,10 @@
 #include "outside/store/SYSamData.h"
 #include "outside/widgets/SYAdminImages.h"
 #include "resources/SYResourceIds.h"
-#include "store/StoreQueries.h"
 #include "support/DetailsInventory.h"
 #include "support/FaultSweep.h"
 #include "support/SYScriptedModalHost.h"
+#include "support/StoreQueries.h"
 
 namespace {
 

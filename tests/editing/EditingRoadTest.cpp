@@ -18,16 +18,7 @@ class EditingRoad : public InventoryFixture {
 protected:
     void SetUp() override {
         InventoryFixture::SetUp();
-        SYInventoryWriter writer(db);
-        const CTime time(1614862923);
-        const auto first = writer.AddDevice(1, "pocket1", "user", time);
-        const auto second = writer.AddDevice(1, "pocket2", "user", time);
-        for (const auto device : {first, second}) {
-            writer.AddFile(1, device, "\\Windows", {"setup.exe", 100, time, "", "", ""});
-            writer.AddFile(1, device, "\\Windows", {"junk.tmp", 7, time, "", "", ""});
-        }
-        writer.AddFile(1, second, "\\Temp", {"setup.exe", 200, time, "", "", ""});
-        writer.Commit();
+        WritePocketInventory(db);
         engine.Database = &db;
         engine.InvDataType = 1;
         tree.UpdateTree();

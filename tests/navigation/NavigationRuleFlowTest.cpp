@@ -16,19 +16,7 @@ class NavigationRuleFlowTest : public InventoryFixture {
 protected:
     void SetUp() override {
         InventoryFixture::SetUp();
-        SYInventoryWriter writer(db);
-        const CTime time(1614862923);
-        const auto first = writer.AddDevice(1, "pocket1", "user", time);
-        const auto second = writer.AddDevice(1, "pocket2", "user", time);
-        for (const auto device : {first, second}) {
-            writer.AddFile(1, device, "\\Windows", {"setup.exe", 100, time, "", "", ""});
-            writer.AddFile(1, device, "\\Windows", {"junk.tmp", 7, time, "", "", ""});
-            for (const char* name : {"tool.exe", "tool.dll"})
-                writer.AddFile(1, device, "\\Tool",
-                               {name, 500, time, "Tool", "2.0", "Tool Makers"});
-        }
-        writer.AddFile(1, second, "\\Temp", {"setup.exe", 200, time, "", "", ""});
-        writer.Commit();
+        WritePocketInventory(db, true);
         engine.Database = &db;
         engine.InvDataType = 1;
         tree.UpdateTree();

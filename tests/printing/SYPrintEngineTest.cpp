@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,6 +13,7 @@
 #include "outside/widgets/SYPrintEngineText.h"
 #include "outside/widgets/SYPrintableList.h"
 #include "outside/widgets/SYWndPrintEngine.h"
+#include "support/TempDir.h"
 
 namespace {
 
@@ -33,13 +32,6 @@ FakeList clients(int count) {
     for (int i = 1; i <= count; ++i)
         list.rows.push_back({"PC" + std::to_string(i), std::to_string(i * 100)});
     return list;
-}
-
-std::string readFile(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 // Removes the installed chooser and the scratch files, whatever a test did.

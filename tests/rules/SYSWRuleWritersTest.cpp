@@ -13,7 +13,8 @@
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYTransaction.h"
 #include "rules/SYSWRule.h"
-#include "store/StoreQueries.h"
+#include "support/ReportCapture.h"
+#include "support/StoreQueries.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -59,7 +60,7 @@ protected:
     // A rule added and applied as the library does it: Landed, RefusedBusy when the
     // failure report speaks of a busy inventory, else 1.
     static int AddAndApply(SYDatabase& db, const std::string& name) {
-        SYGetApp().ClearReports();
+        const ReportCapture reports;
         SYSWRule engine;
         engine.Database = &db;
         SYIdRuleItem rule;
@@ -73,8 +74,7 @@ protected:
         } catch (...) {
             return 1;
         }
-        const auto& reports = SYGetApp().Reports();
-        return !reports.empty() && reports.front().message.find("busy") != std::string::npos
+        return !reports.Empty() && reports.All().front().message.find("busy") != std::string::npos
                    ? RefusedBusy
                    : 1;
     }

@@ -13,7 +13,7 @@
 #include "outside/store/SYPalmAppEnum.h"
 #include "outside/store/SYRIMAppEnum.h"
 #include "outside/store/SYTableSet.h"
-#include "store/StoreQueries.h"
+#include "support/StoreQueries.h"
 
 namespace {
 

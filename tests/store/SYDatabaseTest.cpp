@@ -7,7 +7,7 @@
 #include "outside/store/SYInventorySchema.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYTransaction.h"
-#include "store/StoreQueries.h"
+#include "support/StoreQueries.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "outside/store/SYAppFileSet.h"
-#include "store/ToolInventory.h"
+#include "support/ToolInventory.h"
 
 namespace {
 

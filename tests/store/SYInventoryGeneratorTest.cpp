@@ -5,8 +5,8 @@
 
 #include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYInventorySummary.h"
-#include "store/StoreQueries.h"
 #include "support/StoreDump.h"
+#include "support/StoreQueries.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -4,13 +4,11 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -20,15 +18,11 @@
 #include "outside/store/SYInventorySummary.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYTransaction.h"
-#include "store/StoreQueries.h"
+#include "support/CommandRunner.h"
+#include "support/StoreQueries.h"
 #include "support/TempDir.h"
 
 namespace {
-
-std::string readBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 bool haveSideFiles(const std::string& path) {
     return std::filesystem::exists(path + "-wal") || std::filesystem::exists(path + "-shm");
@@ -127,7 +121,7 @@ TEST(SYInventoryOpener, RefusesInOneLineNamingFileAndCauseAndLeavesTheFileAsItWa
         SCOPED_TRACE(c.label);
         const std::string path = dir.File(std::string(c.label) + ".db");
         const auto holder = c.make(path);
-        const std::string before = readBytes(path);
+        const std::string before = readFile(path);
         SYInventoryOpener opener;
         opener.SetPath(path);
         opener.SetCheck(c.check ? 1 : 0);
@@ -141,7 +135,7 @@ TEST(SYInventoryOpener, RefusesInOneLineNamingFileAndCauseAndLeavesTheFileAsItWa
         EXPECT_EQ(message.find('\n'), std::string::npos) << message;
         for (const char* sql : {"CREATE", "SELECT", "PRAGMA", "INSERT"})
             EXPECT_EQ(message.find(sql), std::string::npos) << message;
-        EXPECT_EQ(readBytes(path), before);
+        EXPECT_EQ(readFile(path), before);
         EXPECT_FALSE(haveSideFiles(path));
     }
     EXPECT_FALSE(std::filesystem::exists(dir.File("missing.db")));
@@ -153,7 +147,7 @@ TEST(SYInventoryOpener, ReadingKeepsTheFileAndALockIsWaitedFor) {
     TempDir dir;
     const std::string path = dir.File("rollback.db");
     makeInventory(path, false);
-    const std::string before = readBytes(path);
+    const std::string before = readFile(path);
     auto holder = lockExclusively(path);
     std::thread release([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
@@ -172,7 +166,7 @@ TEST(SYInventoryOpener, ReadingKeepsTheFileAndALockIsWaitedFor) {
     summary.Load(db);
     EXPECT_EQ(summary.Of(0).files, 300);
     db.Close();
-    EXPECT_EQ(readBytes(path), before);
+    EXPECT_EQ(readFile(path), before);
     EXPECT_EQ(journalMode(path), "delete");
     opener.SetMode(SYDatabase::OpenMode::Write);
     ASSERT_EQ(opener.Open(db), 1);
@@ -217,7 +211,7 @@ TEST(SYInventoryOpener, AFolderThatCannotBeWrittenIsReadReadOnlyAndLeftClean) {
     std::filesystem::create_directory(folder);
     const std::string path = folder + "/inventory.db";
     makeInventory(path, true);
-    const std::string before = readBytes(path);
+    const std::string before = readFile(path);
     chmod(dir.Path().c_str(), 0755);
     chmod(folder.c_str(), 0555);
     const pid_t pid = fork();
@@ -241,7 +235,7 @@ TEST(SYInventoryOpener, AFolderThatCannotBeWrittenIsReadReadOnlyAndLeftClean) {
     chmod(folder.c_str(), 0755);
     EXPECT_TRUE(WIFEXITED(status));
     EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(readBytes(path), before);
+    EXPECT_EQ(readFile(path), before);
     EXPECT_FALSE(haveSideFiles(path));
 }
 
@@ -255,31 +249,24 @@ TEST(SYInventoryOpener, ConsoleExitsWithTheRefusal) {
     makeInventory(dir.File("damaged.db"), false);
     damage(dir.File("damaged.db"), 1);
     const struct {
-        std::string arguments;
+        std::vector<std::string> arguments;
         int exitCode;
         const char* said;
     } cases[] = {
-        {"--db '" + good + "'", 0, ""},
-        {"--db '" + dir.File("absent.db") + "'", 1, "does not exist"},
-        {"--db '" + dir.File("text.db") + "'", 1, "not a Trellisview inventory"},
-        {"--db '" + good + "' --bogus", 2, "Usage"},
-        {"--db '" + dir.File("damaged.db") + "'", 1, "is damaged"},
+        {{"--db", good}, 0, ""},
+        {{"--db", dir.File("absent.db")}, 1, "does not exist"},
+        {{"--db", dir.File("text.db")}, 1, "not a Trellisview inventory"},
+        {{"--db", good, "--bogus"}, 2, "Usage"},
+        {{"--db", dir.File("damaged.db")}, 1, "is damaged"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.arguments);
-        const std::string command = std::string(TV_BINARY) + " " + c.arguments + " 2>&1 >/dev/null";
-        FILE* output = popen(command.c_str(), "r");
-        ASSERT_NE(output, nullptr);
-        std::string said;
-        char buffer[512];
-        while (std::fgets(buffer, sizeof buffer, output) != nullptr)
-            said += buffer;
-        const int status = pclose(output);
-        EXPECT_EQ(WEXITSTATUS(status), c.exitCode);
-        EXPECT_NE(said.find(c.said), std::string::npos) << said;
+        SCOPED_TRACE(c.said);
+        const CommandResult result = runCommand(dir.Path(), c.arguments);
+        EXPECT_EQ(result.code, c.exitCode);
+        EXPECT_NE(result.err.find(c.said), std::string::npos) << result.err;
         // Bad usage adds the usage lines after its one-line reason.
         if (c.exitCode != 2) {
-            EXPECT_LE(std::count(said.begin(), said.end(), '\n'), 1) << said;
+            EXPECT_LE(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
         }
     }
     EXPECT_FALSE(std::filesystem::exists(dir.File("absent.db")));

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -9,8 +8,8 @@
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSamData.h"
 #include "outside/store/SYSystemRulesWriter.h"
-#include "store/StoreQueries.h"
 #include "support/StoreDump.h"
+#include "support/StoreQueries.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSWRuleSet.h"
-#include "store/StoreQueries.h"
+#include "support/StoreQueries.h"
 
 namespace {
 

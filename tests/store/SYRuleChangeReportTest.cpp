@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "outside/store/SYRuleChangeReport.h"
-#include "store/ToolInventory.h"
+#include "support/ToolInventory.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYSystemRulesWriter.h"
-#include "store/ToolInventory.h"
 #include "support/TempDir.h"
+#include "support/ToolInventory.h"
 
 namespace {
 

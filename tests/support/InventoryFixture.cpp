@@ -1,5 +1,7 @@
 #include "support/InventoryFixture.h"
 
+#include "outside/store/SYInventoryWriter.h"
+
 #include "outside/store/SYStatement.h"
 
 void InventoryFixture::SetUp() {
@@ -101,4 +103,21 @@ Strings InventoryFixture::ReportKinds() const {
     for (const auto& report : reports.All())
         kinds.push_back(report.kind);
     return kinds;
+}
+
+void WritePocketInventory(SYDatabase& db, bool tool) {
+    SYInventoryWriter writer(db);
+    const CTime time(1614862923);
+    const auto first = writer.AddDevice(1, "pocket1", "ann", time);
+    const auto second = writer.AddDevice(1, "pocket2", "bob", time);
+    for (const auto device : {first, second}) {
+        writer.AddFile(1, device, "\\Windows", {"setup.exe", 100, time, "", "", ""});
+        writer.AddFile(1, device, "\\Windows", {"junk.tmp", 7, time, "", "", ""});
+        if (!tool)
+            continue;
+        for (const char* name : {"tool.exe", "tool.dll"})
+            writer.AddFile(1, device, "\\Tool", {name, 500, time, "Tool", "2.0", "Tool Makers"});
+    }
+    writer.AddFile(1, second, "\\Temp", {"setup.exe", 200, time, "", "", ""});
+    writer.Commit();
 }

@@ -14,6 +14,13 @@
 
 using Strings = std::vector<std::string>;
 
+class SYDatabase;
+
+// Two Windows CE devices with setup.exe in \Windows, one of them also an older copy in
+// \Temp, and junk.tmp, nothing identified; with tool, both also hold the two files of
+// "Tool" 2.0, identified by their version information.
+void WritePocketInventory(SYDatabase& db, bool tool = false);
+
 // The views with their protected building blocks opened to the tests.
 class TestTree : public SYInvTreeWnd {
 public:

@@ -11,8 +11,8 @@
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/store/SYSamData.h"
-#include "store/StoreQueries.h"
 #include "support/StoreDump.h"
+#include "support/StoreQueries.h"
 
 // Two PCs with Tool, its company scanned as "Acme" and as "ACME Corporation", in several
 // folders, and beside it on pc-1 a readme.txt of no application; a Windows CE device holds

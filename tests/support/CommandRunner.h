@@ -3,10 +3,10 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/TempDir.h"
 
 // Runs the real trellisview binary with words and gives back what it printed and its exit
 // code; scratch files for the two streams live in the folder given.
@@ -15,13 +15,6 @@ struct CommandResult {
     std::string err;
     int code = -1;
 };
-
-inline std::string readFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 inline CommandResult runCommand(const std::string& folder, const std::vector<std::string>& words) {
     auto quoted = [](const std::string& word) {
