@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string>
 
+#include "RawStatement.h"
 #include "details/SYAppInstDetailsDlg.h"
 #include "details/SYAppTabWnd.h"
 #include "outside/store/SYDatabase.h"
@@ -19,31 +20,6 @@
 namespace {
 
 constexpr int Clients = 10000;
-
-class Statement {
-public:
-    Statement(sqlite3* db, const char* sql) {
-        if (sqlite3_prepare_v2(db, sql, -1, &m_stmt, nullptr) != SQLITE_OK)
-            std::abort();
-    }
-    Statement(const Statement&) = delete;
-    Statement& operator=(const Statement&) = delete;
-    ~Statement() { sqlite3_finalize(m_stmt); }
-    sqlite3_stmt* get() const { return m_stmt; }
-    Statement& Bind(int index, std::int64_t value) {
-        sqlite3_bind_int64(m_stmt, index, value);
-        return *this;
-    }
-    Statement& Bind(int index, const unsigned char* text) {
-        sqlite3_bind_text(m_stmt, index, reinterpret_cast<const char*>(text), -1, SQLITE_TRANSIENT);
-        return *this;
-    }
-    bool Step() { return sqlite3_step(m_stmt) == SQLITE_ROW; }
-    void Reset() { sqlite3_reset(m_stmt); }
-
-private:
-    sqlite3_stmt* m_stmt = nullptr;
-};
 
 // The estate is made once, in a folder of its own that goes at exit, with the application
 // installed on the most PCs and the first of its installations.
@@ -62,13 +38,13 @@ public:
         SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
                                              options);
         m_db.Open(m_folder + "/inventory.db");
-        Statement app(Raw(), "SELECT AppID FROM Installations WHERE InvDataType = 0 GROUP BY "
-                             "AppID ORDER BY COUNT(DISTINCT MachineID) DESC LIMIT 1");
+        RawStatement app(Raw(), "SELECT AppID FROM Installations WHERE InvDataType = 0 GROUP BY "
+                                "AppID ORDER BY COUNT(DISTINCT MachineID) DESC LIMIT 1");
         if (!app.Step())
             std::abort();
         appID = static_cast<std::uint32_t>(sqlite3_column_int64(app.get(), 0));
-        Statement first(Raw(), "SELECT MachineID, InstallationID FROM Installations WHERE "
-                               "InvDataType = 0 AND AppID = ?1 ORDER BY MachineID LIMIT 1");
+        RawStatement first(Raw(), "SELECT MachineID, InstallationID FROM Installations WHERE "
+                                  "InvDataType = 0 AND AppID = ?1 ORDER BY MachineID LIMIT 1");
         if (!first.Bind(1, appID).Step())
             std::abort();
         machineID = static_cast<std::uint32_t>(sqlite3_column_int64(first.get(), 0));
@@ -116,73 +92,61 @@ void checkRows(benchmark::State& state, std::int64_t rows, std::int64_t expected
 
 // --- LoadAppData for the most installed application ----------------------------------------
 
-// The application, its files once each, and its installations with each PC's last scan.
-std::int64_t rawAppData(Statement& app, Statement& files, Statement& installations,
-                        Statement& scan) {
-    const std::int64_t appID = estate().appID;
-    std::int64_t rows = 0;
-    app.Bind(1, appID);
-    if (app.Step())
-        touchRow(app.get());
-    app.Reset();
-    files.Bind(1, appID);
-    std::int64_t lastFile = 0;
-    while (files.Step()) {
-        const std::int64_t fileID = sqlite3_column_int64(files.get(), 0);
-        if (fileID == lastFile)
-            continue;
-        touchRow(files.get());
-        lastFile = fileID;
-        ++rows;
-    }
-    files.Reset();
-    installations.Bind(1, appID);
-    while (installations.Step()) {
-        touchRow(installations.get());
-        scan.Bind(1, sqlite3_column_int64(installations.get(), 1));
-        if (scan.Step())
-            touchRow(scan.get());
-        scan.Reset();
-        ++rows;
-    }
-    installations.Reset();
-    return rows;
-}
+// The reads of the application view, raw: the application, its files once each, and its
+// installations with each PC's last scan.
+struct RawAppData {
+    RawStatement app{estate().Raw(),
+                     "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1"};
+    RawStatement files{estate().Raw(),
+                       "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
+                       "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
+                       "f.AppID = ?1 ORDER BY f.FileID"};
+    RawStatement installations{estate().Raw(),
+                               "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
+                               "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
+                               "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
+                               "i.MachineID, i.Location"};
+    RawStatement scan{estate().Raw(),
+                      "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND "
+                      "ResourceID = 1"};
 
-std::int64_t rawAppDataRows() {
-    Statement app(estate().Raw(),
-                  "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1");
-    Statement files(estate().Raw(),
-                    "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
-                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
-                    "f.AppID = ?1 ORDER BY f.FileID");
-    Statement installations(estate().Raw(),
-                            "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
-                            "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
-                            "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
-                            "i.MachineID, i.Location");
-    Statement scan(estate().Raw(),
-                   "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND ResourceID = 1");
-    return rawAppData(app, files, installations, scan);
-}
+    std::int64_t Rows() {
+        const std::int64_t appID = estate().appID;
+        std::int64_t rows = 0;
+        app.Bind(1, appID);
+        if (app.Step())
+            touchRow(app.get());
+        app.Reset();
+        files.Bind(1, appID);
+        std::int64_t lastFile = 0;
+        while (files.Step()) {
+            const std::int64_t fileID = sqlite3_column_int64(files.get(), 0);
+            if (fileID == lastFile)
+                continue;
+            touchRow(files.get());
+            lastFile = fileID;
+            ++rows;
+        }
+        files.Reset();
+        installations.Bind(1, appID);
+        while (installations.Step()) {
+            touchRow(installations.get());
+            scan.Bind(1, sqlite3_column_int64(installations.get(), 1));
+            if (scan.Step())
+                touchRow(scan.get());
+            scan.Reset();
+            ++rows;
+        }
+        installations.Reset();
+        return rows;
+    }
+};
 
 void BM_RawAppData(benchmark::State& state) {
-    Statement app(estate().Raw(),
-                  "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1");
-    Statement files(estate().Raw(),
-                    "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
-                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
-                    "f.AppID = ?1 ORDER BY f.FileID");
-    Statement installations(estate().Raw(),
-                            "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
-                            "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
-                            "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
-                            "i.MachineID, i.Location");
-    Statement scan(estate().Raw(),
-                   "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND ResourceID = 1");
+    RawAppData raw;
     std::int64_t rows = 0;
     for (auto _ : state)
-        rows = rawAppData(app, files, installations, scan);
+        rows = raw.Rows();
     state.counters["rows"] = static_cast<double>(rows);
 }
 
@@ -192,7 +156,7 @@ void BM_LoadAppData(benchmark::State& state) {
     SYAppTabWnd tabs;
     tabs.Initialize(100, &main);
     tabs.SetDatabase(&estate().Db());
-    const std::int64_t expected = rawAppDataRows();
+    const std::int64_t expected = RawAppData().Rows();
     for (auto _ : state)
         tabs.LoadAppData(estate().appID, 0);
     checkRows(state, tabs.AppFileList().GetItemCount() + tabs.MachineList()->GetItemCount(),
@@ -202,7 +166,7 @@ void BM_LoadAppData(benchmark::State& state) {
 
 // --- the details of one installation ------------------------------------------------------
 
-std::int64_t rawDetails(Statement& installation, Statement& app, Statement& files) {
+std::int64_t rawDetails(RawStatement& installation, RawStatement& app, RawStatement& files) {
     std::int64_t rows = 0;
     installation.Bind(1, estate().machineID).Bind(2, estate().installationID);
     if (installation.Step()) {
@@ -225,16 +189,16 @@ std::int64_t rawDetails(Statement& installation, Statement& app, Statement& file
 }
 
 struct RawDetails {
-    Statement installation{estate().Raw(),
-                           "SELECT i.AppID, i.Location, m.MachineName FROM Installations i LEFT "
-                           "JOIN Machines m ON m.MachineID = i.MachineID WHERE i.InvDataType = 0 "
-                           "AND i.MachineID = ?1 AND i.InstallationID = ?2"};
-    Statement app{estate().Raw(),
-                  "SELECT AppName, AppVersion FROM [Applications] WHERE AppID = ?1"};
-    Statement files{estate().Raw(),
-                    "SELECT f.FileName, f.FileSize, f.FileTime, l.Location FROM Files f JOIN "
-                    "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
-                    "f.AppID = ?1 AND l.MachineID = ?2 AND l.Location = ?3"};
+    RawStatement installation{
+        estate().Raw(), "SELECT i.AppID, i.Location, m.MachineName FROM Installations i LEFT "
+                        "JOIN Machines m ON m.MachineID = i.MachineID WHERE i.InvDataType = 0 "
+                        "AND i.MachineID = ?1 AND i.InstallationID = ?2"};
+    RawStatement app{estate().Raw(),
+                     "SELECT AppName, AppVersion FROM [Applications] WHERE AppID = ?1"};
+    RawStatement files{estate().Raw(),
+                       "SELECT f.FileName, f.FileSize, f.FileTime, l.Location FROM Files f JOIN "
+                       "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
+                       "f.AppID = ?1 AND l.MachineID = ?2 AND l.Location = ?3"};
     std::int64_t Run() { return rawDetails(installation, app, files); }
 };
 

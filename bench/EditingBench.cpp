@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "RawStatement.h"
 #include "editing/SYAppFilePropSheet.h"
 #include "editing/SYSWRuleConfigPropSheet.h"
 #include "outside/services/SYConsoleApp.h"
@@ -101,33 +102,6 @@ public:
     int RunFileDialog(SYFileDialog&) override { return IDCANCEL; }
 };
 
-class RawStatement {
-public:
-    RawStatement(sqlite3* db, const char* sql) {
-        if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_stmt, nullptr) !=
-            SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(db));
-    }
-    RawStatement(const RawStatement&) = delete;
-    RawStatement& operator=(const RawStatement&) = delete;
-    ~RawStatement() { sqlite3_finalize(m_stmt); }
-
-    sqlite3_stmt* get() const { return m_stmt; }
-    int Drain() {
-        int rows = 0;
-        while (sqlite3_step(m_stmt) == SQLITE_ROW) {
-            for (int c = 0; c < sqlite3_column_count(m_stmt); ++c)
-                benchmark::DoNotOptimize(sqlite3_column_text(m_stmt, c));
-            ++rows;
-        }
-        sqlite3_reset(m_stmt);
-        return rows;
-    }
-
-private:
-    sqlite3_stmt* m_stmt = nullptr;
-};
-
 void exec(sqlite3* db, const char* sql) {
     if (sqlite3_exec(db, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(db));
@@ -166,20 +140,10 @@ void BM_FilePropertiesOpenRawSQLite(benchmark::State& state) {
         attach.LoadData(static_cast<std::uint32_t>(inv.everywhere), 0);
     }
     sqlite3* db = inv.db.Handle();
-    RawStatement file(db, "SELECT f.FileName, f.FileTime, f.FileSize, a.AppName, a.AppVersion, "
-                          "a.AppCompany FROM Files f LEFT JOIN [Applications] a "
-                          "ON a.AppID = f.AppID WHERE f.FileID = ?1 AND f.InvDataType = 0");
-    RawStatement rules(db, "SELECT RuleID, RuleType, FileName, FileSize, FileTime, AppName, "
-                           "AppVersion, AppCompany, Comment FROM SWRules WHERE InvDataType = 0 "
-                           "AND FileName = ?1 AND RuleState <> 3 ORDER BY RuleID");
-    RawStatement user(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, "
-                          "AppVersion, Comment FROM main.SWRules WHERE InvDataType = 0 "
-                          "AND FileName = ?1 AND RuleState <> 3 "
-                          "AND (FileSize IS NULL OR FileSize = ?2)");
-    RawStatement system(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, "
-                            "AppVersion, Comment FROM sysrules.SystemRules WHERE "
-                            "InvDataType = 0 AND FileName = ?1 "
-                            "AND (FileSize IS NULL OR FileSize = ?2)");
+    RawStatement file(db, rawfile::File);
+    RawStatement rules(db, rawfile::Rules);
+    RawStatement user(db, rawfile::UserRules);
+    RawStatement system(db, rawfile::SystemRules);
     RawStatement places(db, "SELECT l.MachineID, l.Location, m.MachineName, m.MachineUser "
                             "FROM FileLocations l JOIN Files f ON f.FileID = l.FileID "
                             "JOIN Machines m ON m.MachineID = l.MachineID "

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "BenchEstate.h"
+#include "RawStatement.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
 #include "rules/SYAppFile.h"
@@ -58,36 +59,6 @@ Inventory& inventory(int clients) {
     return *slot;
 }
 
-// One raw statement, prepared once, reset after every use.
-class RawStatement {
-public:
-    RawStatement(sqlite3* db, const char* sql) {
-        if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &m_stmt, nullptr) !=
-            SQLITE_OK)
-            throw std::runtime_error(sqlite3_errmsg(db));
-    }
-    RawStatement(const RawStatement&) = delete;
-    RawStatement& operator=(const RawStatement&) = delete;
-    ~RawStatement() { sqlite3_finalize(m_stmt); }
-
-    sqlite3_stmt* operator->() const { return m_stmt; }
-    sqlite3_stmt* get() const { return m_stmt; }
-    // Steps through every row, reading each column as the record would.
-    int Drain() {
-        int rows = 0;
-        while (sqlite3_step(m_stmt) == SQLITE_ROW) {
-            for (int c = 0; c < sqlite3_column_count(m_stmt); ++c)
-                benchmark::DoNotOptimize(sqlite3_column_text(m_stmt, c));
-            ++rows;
-        }
-        sqlite3_reset(m_stmt);
-        return rows;
-    }
-
-private:
-    sqlite3_stmt* m_stmt = nullptr;
-};
-
 void BM_AppFileLoadData(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     SYAppFile record;
@@ -108,20 +79,10 @@ void BM_AppFileLoadDataRawSQLite(benchmark::State& state) {
     attach.SetDatabase(&inv.db);
     attach.LoadData(inv.files.front(), 0); // attaches the system rules
     sqlite3* db = inv.db.Handle();
-    RawStatement file(db, "SELECT f.FileName, f.FileTime, f.FileSize, a.AppName, a.AppVersion, "
-                          "a.AppCompany FROM Files f LEFT JOIN [Applications] a "
-                          "ON a.AppID = f.AppID WHERE f.FileID = ?1 AND f.InvDataType = 0");
-    RawStatement rules(db, "SELECT RuleID, RuleType, FileName, FileSize, FileTime, AppName, "
-                           "AppVersion, AppCompany, Comment FROM SWRules WHERE InvDataType = 0 "
-                           "AND FileName = ?1 AND RuleState <> 3 ORDER BY RuleID");
-    RawStatement user(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, "
-                          "AppVersion, Comment FROM main.SWRules WHERE InvDataType = 0 "
-                          "AND FileName = ?1 AND RuleState <> 3 "
-                          "AND (FileSize IS NULL OR FileSize = ?2)");
-    RawStatement system(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, "
-                            "AppVersion, Comment FROM sysrules.SystemRules WHERE "
-                            "InvDataType = 0 AND FileName = ?1 "
-                            "AND (FileSize IS NULL OR FileSize = ?2)");
+    RawStatement file(db, rawfile::File);
+    RawStatement rules(db, rawfile::Rules);
+    RawStatement user(db, rawfile::UserRules);
+    RawStatement system(db, rawfile::SystemRules);
     std::size_t next = 0;
     for (auto _ : state) {
         sqlite3_bind_int64(file.get(), 1, inv.files[next++ % inv.files.size()]);

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "BenchEstate.h"
+#include "RawStatement.h"
 #include "outside/framework/SYTimeChecker.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYDatabase.h"
@@ -26,21 +27,6 @@ using Clock = std::chrono::steady_clock;
 double since(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-class RawStatement {
-public:
-    RawStatement(sqlite3* db, const std::string& sql) {
-        if (sqlite3_prepare_v2(db, sql.c_str(), -1, &m_stmt, nullptr) != SQLITE_OK)
-            std::abort();
-    }
-    RawStatement(const RawStatement&) = delete;
-    RawStatement& operator=(const RawStatement&) = delete;
-    ~RawStatement() { sqlite3_finalize(m_stmt); }
-    sqlite3_stmt* get() const { return m_stmt; }
-
-private:
-    sqlite3_stmt* m_stmt = nullptr;
-};
 
 sqlite3* openRaw(const std::string& path) {
     sqlite3* db = nullptr;
