@@ -10,6 +10,7 @@
 #include <string>
 
 #include "RawStatement.h"
+#include "RawViews.h"
 #include "details/SYAppInstDetailsDlg.h"
 #include "details/SYAppTabWnd.h"
 #include "outside/store/SYDatabase.h"
@@ -38,8 +39,7 @@ public:
         SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
                                              options);
         m_db.Open(m_folder + "/inventory.db");
-        RawStatement app(Raw(), "SELECT AppID FROM Installations WHERE InvDataType = 0 GROUP BY "
-                                "AppID ORDER BY COUNT(DISTINCT MachineID) DESC LIMIT 1");
+        RawStatement app(Raw(), rawview::MostInstalledApp);
         if (!app.Step())
             std::abort();
         appID = static_cast<std::uint32_t>(sqlite3_column_int64(app.get(), 0));
@@ -75,15 +75,6 @@ Estate& estate() {
     return made;
 }
 
-void touchRow(sqlite3_stmt* stmt) {
-    for (int c = 0; c < sqlite3_column_count(stmt); ++c) {
-        if (sqlite3_column_type(stmt, c) == SQLITE_TEXT)
-            benchmark::DoNotOptimize(sqlite3_column_text(stmt, c));
-        else
-            benchmark::DoNotOptimize(sqlite3_column_int64(stmt, c));
-    }
-}
-
 void checkRows(benchmark::State& state, std::int64_t rows, std::int64_t expected) {
     state.counters["rows"] = static_cast<double>(rows);
     if (rows != expected)
@@ -92,58 +83,8 @@ void checkRows(benchmark::State& state, std::int64_t rows, std::int64_t expected
 
 // --- LoadAppData for the most installed application ----------------------------------------
 
-// The reads of the application view, raw: the application, its files once each, and its
-// installations with each PC's last scan.
-struct RawAppData {
-    RawStatement app{estate().Raw(),
-                     "SELECT AppName, AppVersion, AppCompany FROM [Applications] WHERE AppID = ?1"};
-    RawStatement files{estate().Raw(),
-                       "SELECT f.FileID, f.FileName, f.FileSize, f.FileTime FROM Files f JOIN "
-                       "FileLocations l ON l.FileID = f.FileID WHERE f.InvDataType = 0 AND "
-                       "f.AppID = ?1 ORDER BY f.FileID"};
-    RawStatement installations{estate().Raw(),
-                               "SELECT i.InstallationID, i.MachineID, i.Location, m.MachineName "
-                               "FROM Installations i LEFT JOIN Machines m ON m.MachineID = "
-                               "i.MachineID WHERE i.InvDataType = 0 AND i.AppID = ?1 ORDER BY "
-                               "i.MachineID, i.Location"};
-    RawStatement scan{estate().Raw(),
-                      "SELECT CreationTime FROM MachineData WHERE MachineID = ?1 AND "
-                      "ResourceID = 1"};
-
-    std::int64_t Rows() {
-        const std::int64_t appID = estate().appID;
-        std::int64_t rows = 0;
-        app.Bind(1, appID);
-        if (app.Step())
-            touchRow(app.get());
-        app.Reset();
-        files.Bind(1, appID);
-        std::int64_t lastFile = 0;
-        while (files.Step()) {
-            const std::int64_t fileID = sqlite3_column_int64(files.get(), 0);
-            if (fileID == lastFile)
-                continue;
-            touchRow(files.get());
-            lastFile = fileID;
-            ++rows;
-        }
-        files.Reset();
-        installations.Bind(1, appID);
-        while (installations.Step()) {
-            touchRow(installations.get());
-            scan.Bind(1, sqlite3_column_int64(installations.get(), 1));
-            if (scan.Step())
-                touchRow(scan.get());
-            scan.Reset();
-            ++rows;
-        }
-        installations.Reset();
-        return rows;
-    }
-};
-
 void BM_RawAppData(benchmark::State& state) {
-    RawAppData raw;
+    rawview::AppData raw(estate().Raw(), estate().appID);
     std::int64_t rows = 0;
     for (auto _ : state)
         rows = raw.Rows();
@@ -156,7 +97,7 @@ void BM_LoadAppData(benchmark::State& state) {
     SYAppTabWnd tabs;
     tabs.Initialize(100, &main);
     tabs.SetDatabase(&estate().Db());
-    const std::int64_t expected = RawAppData().Rows();
+    const std::int64_t expected = rawview::AppData(estate().Raw(), estate().appID).Rows();
     for (auto _ : state)
         tabs.LoadAppData(estate().appID, 0);
     checkRows(state, tabs.AppFileList().GetItemCount() + tabs.MachineList()->GetItemCount(),

@@ -144,11 +144,7 @@ void BM_FilePropertiesOpenRawSQLite(benchmark::State& state) {
     RawStatement rules(db, rawfile::Rules);
     RawStatement user(db, rawfile::UserRules);
     RawStatement system(db, rawfile::SystemRules);
-    RawStatement places(db, "SELECT l.MachineID, l.Location, m.MachineName, m.MachineUser "
-                            "FROM FileLocations l JOIN Files f ON f.FileID = l.FileID "
-                            "JOIN Machines m ON m.MachineID = l.MachineID "
-                            "WHERE f.InvDataType = 0 AND l.FileID = ?1 "
-                            "ORDER BY m.MachineName, l.MachineID, l.Location");
+    RawStatement places(db, rawfile::Places);
     for (auto _ : state) {
         sqlite3_bind_int64(file.get(), 1, static_cast<sqlite3_int64>(inv.everywhere));
         if (sqlite3_step(file.get()) != SQLITE_ROW) {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "BenchEstate.h"
+#include "RawViews.h"
 #include "navigation/SYInvListCtrl.h"
 #include "navigation/SYInvTreeWnd.h"
 #include "outside/store/SYDatabase.h"
@@ -164,25 +165,16 @@ void BM_RawCompanyApps(benchmark::State& state) {
     }
 }
 
-// The rows in the order the list shows them: its sort column, the file name, with the
-// time and then the size breaking ties.
+// The rows in the order the list shows them.
 void BM_RawUnidFiles(benchmark::State& state) {
-    Raw files(
-        (std::string(UnidFilesSql) + " ORDER BY f.FileName COLLATE NOCASE, f.FileTime, f.FileSize")
-            .c_str());
+    Raw files((std::string(UnidFilesSql) + rawview::UnidFilesOrder).c_str());
     for (auto _ : state)
         countRows(state, files.Run());
 }
 
 // The same rows with every column the store's file set reads for them.
 void BM_RawUnidFilesAsStored(benchmark::State& state) {
-    Raw files("SELECT f.FileID AS FileID, f.FileName AS FileName, f.FileSize AS FileSize, "
-              "f.FileTime AS FileTime, f.VerAppName AS VerAppName, f.VerAppVersion AS "
-              "VerAppVersion, f.VerAppCompany AS VerAppCompany, f.FileState AS FileState, "
-              "f.RuleID AS RuleID, f.RuleSource AS RuleSource, f.AppID AS AppID, "
-              "COALESCE(a.AppName, '') AS AppName, COALESCE(a.AppVersion, '') AS AppVersion, "
-              "COALESCE(a.AppCompany, '') AS AppCompany FROM Files f LEFT JOIN [Applications] a "
-              "ON f.AppID <> 0 AND a.AppID = f.AppID WHERE f.InvDataType = 0 AND f.FileState = 0");
+    Raw files(rawview::UnidFilesAsStored);
     for (auto _ : state)
         countRows(state, files.Run());
 }

@@ -48,7 +48,7 @@ private:
 
 // What a file's record reads, as raw SQL on the PC inventory: the file with its
 // application, the active rules of its name, and the user and system rules that may
-// govern it (name and size).
+// govern it (name and size); and what its properties sheet reads beside.
 namespace rawfile {
 
 inline constexpr const char* File =
@@ -67,5 +67,10 @@ inline constexpr const char* SystemRules =
     "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, AppVersion, Comment "
     "FROM sysrules.SystemRules WHERE InvDataType = 0 AND FileName = ?1 AND (FileSize IS NULL "
     "OR FileSize = ?2)";
+// Where the file lies, with its clients, in the order the properties sheet lists them.
+inline constexpr const char* Places =
+    "SELECT l.MachineID, l.Location, m.MachineName, m.MachineUser FROM FileLocations l JOIN "
+    "Files f ON f.FileID = l.FileID JOIN Machines m ON m.MachineID = l.MachineID WHERE "
+    "f.InvDataType = 0 AND l.FileID = ?1 ORDER BY m.MachineName, l.MachineID, l.Location";
 
 } // namespace rawfile

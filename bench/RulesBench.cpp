@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "BenchEstate.h"
+#include "RawApply.h"
 #include "RawStatement.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
@@ -120,103 +121,6 @@ double since(Clock::time_point start) {
 constexpr const char* EverywhereApp = "Everywhere";
 constexpr const char* EverywhereCompany = "Ubiquity";
 
-// Takes the identification rule away again through the engine, committed.
-void removeRule(Inventory& inv, std::uint32_t ruleID) {
-    SYSWRule undo;
-    undo.Database = &inv.db;
-    undo.InvDataType = 0;
-    undo.SetInstallPath(inv.estate.install);
-    undo.RemoveRule(ruleID, 1);
-    undo.UpdateSamData();
-}
-
-// The identification the engine makes, done with raw statements: the rule row in a
-// transaction of its own, then in one more the file of that name decided by the most
-// specific active user rule, the application found, the file's verdict stored, an
-// installation made in every folder it lies in and the application marked installed.
-class RawApply {
-public:
-    explicit RawApply(sqlite3* db)
-        : m_db(db), m_rules(db, "SELECT RuleID FROM SWRules WHERE InvDataType = 0"),
-          m_insertRule(db, "INSERT INTO SWRules (InvDataType, RuleState, RuleType, FileName, "
-                           "FileSize, FileTime, AppName, AppVersion, AppCompany, Comment) VALUES "
-                           "(0, 1, 0, ?1, NULL, NULL, ?2, '1.0', ?3, '')"),
-          m_ruleName(db, "SELECT FileName FROM SWRules WHERE RuleID = ?1 AND InvDataType = 0"),
-          m_files(db, "SELECT FileID, FileName, FileSize, FileTime, VerAppName, VerAppVersion, "
-                      "VerAppCompany, FileState, RuleID, RuleSource, AppID FROM Files WHERE "
-                      "InvDataType = 0 AND FileName = ?1"),
-          m_user(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppVersion, "
-                     "AppCompany FROM SWRules WHERE InvDataType = 0 AND FileName = ?1 AND "
-                     "RuleState <> 3 AND (FileSize IS NULL OR FileSize = ?2)"),
-          m_app(db, "SELECT AppID FROM [Applications] WHERE AppCompanyInternal = ?1 AND "
-                    "AppNameInternal = ?2 AND AppVersion = ?3"),
-          m_verdict(db, "UPDATE Files SET FileState = 2, RuleID = ?1, RuleSource = 0, AppID = ?2 "
-                        "WHERE FileID = ?3"),
-          m_install(db, "INSERT OR IGNORE INTO Installations (InvDataType, AppID, MachineID, "
-                        "Location) SELECT 0, ?1, MachineID, Location FROM FileLocations WHERE "
-                        "FileID = ?2"),
-          m_flag(db, "UPDATE [Applications] SET AppInstalled = EXISTS (SELECT 1 FROM "
-                     "Installations WHERE InvDataType = 0 AND AppID = ?1) WHERE AppID = ?1") {}
-
-    // Gives the rule's id, 0 on a failure.
-    std::int64_t Apply() {
-        sqlite3_exec(m_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-        Run(m_rules.get(), true);
-        sqlite3_bind_text(m_insertRule.get(), 1, EverywhereName, -1, SQLITE_STATIC);
-        sqlite3_bind_text(m_insertRule.get(), 2, EverywhereApp, -1, SQLITE_STATIC);
-        sqlite3_bind_text(m_insertRule.get(), 3, EverywhereCompany, -1, SQLITE_STATIC);
-        Run(m_insertRule.get(), false);
-        const std::int64_t ruleID = sqlite3_last_insert_rowid(m_db);
-        if (sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
-            return 0;
-        sqlite3_exec(m_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-        sqlite3_bind_int64(m_ruleName.get(), 1, ruleID);
-        Run(m_ruleName.get(), false);
-        sqlite3_bind_text(m_files.get(), 1, EverywhereName, -1, SQLITE_STATIC);
-        std::vector<std::pair<std::int64_t, std::int64_t>> files;
-        while (sqlite3_step(m_files.get()) == SQLITE_ROW)
-            files.emplace_back(sqlite3_column_int64(m_files.get(), 0),
-                               sqlite3_column_int64(m_files.get(), 2));
-        sqlite3_reset(m_files.get());
-        std::int64_t appID = 0;
-        for (const auto& [fileID, size] : files) {
-            sqlite3_bind_text(m_user.get(), 1, EverywhereName, -1, SQLITE_STATIC);
-            sqlite3_bind_int64(m_user.get(), 2, size);
-            Run(m_user.get(), true);
-            sqlite3_bind_text(m_app.get(), 1, "ubiquity", -1, SQLITE_STATIC);
-            sqlite3_bind_text(m_app.get(), 2, "everywhere", -1, SQLITE_STATIC);
-            sqlite3_bind_text(m_app.get(), 3, "1.0", -1, SQLITE_STATIC);
-            if (sqlite3_step(m_app.get()) == SQLITE_ROW)
-                appID = sqlite3_column_int64(m_app.get(), 0);
-            sqlite3_reset(m_app.get());
-            sqlite3_bind_int64(m_verdict.get(), 1, ruleID);
-            sqlite3_bind_int64(m_verdict.get(), 2, appID);
-            sqlite3_bind_int64(m_verdict.get(), 3, fileID);
-            Run(m_verdict.get(), false);
-            sqlite3_bind_int64(m_install.get(), 1, appID);
-            sqlite3_bind_int64(m_install.get(), 2, fileID);
-            Run(m_install.get(), false);
-        }
-        sqlite3_bind_int64(m_flag.get(), 1, appID);
-        Run(m_flag.get(), false);
-        return sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK && appID != 0
-                   ? ruleID
-                   : 0;
-    }
-
-private:
-    static void Run(sqlite3_stmt* statement, bool readAll) {
-        while (sqlite3_step(statement) == SQLITE_ROW && readAll)
-            for (int c = 0; c < sqlite3_column_count(statement); ++c)
-                benchmark::DoNotOptimize(sqlite3_column_text(statement, c));
-        sqlite3_reset(statement);
-    }
-
-    sqlite3* m_db;
-    RawStatement m_rules, m_insertRule, m_ruleName, m_files, m_user, m_app, m_verdict, m_install,
-        m_flag;
-};
-
 // Identifying a file that lies on every PC, through the rule engine to the inventory,
 // committed, against the raw twin; each rule is taken away again, untimed, after its
 // round. Both must leave an installation on every PC.
@@ -238,8 +142,10 @@ void BM_AddIdRuleOnEveryPCVsRaw(benchmark::State& state) {
         return rule.FileID();
     };
     // The application exists from a first identification on, for both sides alike.
-    removeRule(inv, engineApply());
+    removeRule(inv.db, inv.estate.install, engineApply());
     RawApply raw(inv.db.Handle());
+    const RawIdRule rule{EverywhereName, EverywhereApp,     "everywhere",
+                         "1.0",          EverywhereCompany, "ubiquity"};
     const std::string installations =
         "SELECT COUNT(*) FROM Installations i JOIN Files f ON f.AppID = i.AppID AND "
         "f.InvDataType = i.InvDataType WHERE f.FileID = " +
@@ -251,13 +157,13 @@ void BM_AddIdRuleOnEveryPCVsRaw(benchmark::State& state) {
         const std::uint32_t storeRule = engineApply();
         storeSeconds += since(start);
         const bool storeRight = storeRule != 0 && scalar(inv.db, installations) == inv.pcs;
-        removeRule(inv, storeRule);
+        removeRule(inv.db, inv.estate.install, storeRule);
 
         start = Clock::now();
-        const std::int64_t rawRule = raw.Apply();
+        const std::int64_t rawRule = raw.Apply(rule);
         rawSeconds += since(start);
         const bool rawRight = rawRule != 0 && scalar(inv.db, installations) == inv.pcs;
-        removeRule(inv, static_cast<std::uint32_t>(rawRule));
+        removeRule(inv.db, inv.estate.install, static_cast<std::uint32_t>(rawRule));
         if (!storeRight || !rawRight) {
             state.SkipWithError("an identification left a PC without its installation");
             break;
