@@ -135,6 +135,11 @@ public:
         }
         return -1;
     }
+    // The text as far as the first column of the list shows it.
+    std::string ShownName(const std::string& text) {
+        const auto cells = m_console.List().GetColWidth(0) / SYFontMetrics::CharWidth - 1;
+        return text.substr(0, static_cast<std::size_t>(std::max(cells, 1)));
+    }
     void SelectListRow(int row) {
         m_console.List().SelectItem(row);
         m_console.List().EnsureVisible(row);
@@ -320,8 +325,7 @@ void BM_ConsoleListDown(benchmark::State& state) {
         const auto start = Clock::now();
         const auto lines = pageLines(rows, top, ScreenRows - 4, widths);
         figures.Add(state, key, since(start));
-        // The name as far as its column shows it.
-        const std::string name = list.GetItemText(middle + 1, 0).substr(0, 10);
+        const std::string name = console.ShownName(list.GetItemText(middle + 1, 0));
         std::string wrong;
         if (list.GetSelectedItem() != middle + 1 || console.SelectedRow(RightCol) != from + 1 ||
             console.SelectedLine(RightCol).find(name) == std::string::npos)
@@ -599,7 +603,7 @@ void BM_ConsoleIdentifyApply(benchmark::State& state) {
             wrong = "the dialog stored no rule for " + file.name;
         else if (list.GetItemCount() != before - covered || rowsNamed(list, file.name) != 0)
             wrong = "the list still shows " + file.name;
-        else if (console.Shows(file.name))
+        else if (console.Shows(console.ShownName(file.name)))
             wrong = "the screen still shows " + file.name;
         removeRule(inv.db, inv.estate.install, applied);
         made.push_back(applied);
