@@ -66,19 +66,21 @@ protected:
     // Polls until the check passes, for half a minute at most (a loaded machine and the
     // sanitizers make the program slow).
     static bool Poll(const std::function<bool()>& check) {
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 600; ++i) {
             if (check())
                 return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
         }
         return false;
     }
-    // Polls the pane; pane keeps the last capture.
+    // Polls the pane until it passes the check and stands as it stood at the last look, so
+    // that a screen half written is never read; pane keeps the last capture.
     bool Until(const std::function<bool()>& check) {
         return Poll([&] {
+            const std::string last = pane;
             Tmux("capture-pane -p -t tv > '" + dir.File("pane.txt") + "' 2>/dev/null");
             pane = readFile(dir.File("pane.txt"));
-            return check();
+            return pane == last && check();
         });
     }
     bool Shows(const std::string& text) {
