@@ -101,8 +101,12 @@ SYTermConsoleWindow::SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& s
 }
 
 void SYTermConsoleWindow::Layout() {
-    m_rows = std::max(m_screen.Rows(), 6);
-    m_cols = std::max(m_screen.Cols(), 20);
+    const int rows = std::max(m_screen.Rows(), 6);
+    const int cols = std::max(m_screen.Cols(), 20);
+    if (rows == m_rows && cols == m_cols)
+        return;
+    m_rows = rows;
+    m_cols = cols;
     m_treeCols = std::clamp(m_cols * 2 / 5, 10, 48);
     m_console.Resize(m_cols, m_rows, m_treeCols);
 }
@@ -125,7 +129,7 @@ bool SYTermConsoleWindow::HandleKey(int key) {
         m_quit = true;
         break;
     case Keys::Resize:
-        Layout();
+        // Draw lays the windows out for the screen's new size.
         break;
     case Keys::Tab:
     case Keys::BackTab:
@@ -401,6 +405,8 @@ void SYTermConsoleWindow::Help() {
 }
 
 void SYTermConsoleWindow::Draw() {
+    // A resize while a dialog was up went to the dialog: the screen's size tells.
+    Layout();
     m_screen.Fill(0, 0, m_rows, m_cols, SYTermAttr::Normal);
     DrawMenuBar();
     const int top = 1;

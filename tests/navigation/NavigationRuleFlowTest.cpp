@@ -25,36 +25,6 @@ protected:
     SYSWRule engine;
 };
 
-TEST_F(NavigationRuleFlowTest, IdentifiedFileLeavesTheListAndItsApplicationJoinsTheTree) {
-    EXPECT_EQ(Texts(tree.PPCAppsItem()), Strings{"Tool Makers"});
-    list.SetUnidFilesMode(1);
-    list.BuildUnidFiles();
-    ASSERT_EQ(Column(0), (Strings{"junk.tmp", "setup.exe", "setup.exe"}));
-    list.SelectItem(2);
-
-    SYIdRuleItem rule;
-    rule.SetFileName("SETUP.EXE");
-    rule.SetAppName("Setup Wizard");
-    rule.SetAppVersion("1.0");
-    rule.SetAppCompany("Acme Installers");
-    ASSERT_NE(engine.AddIdRule(rule, 1), 0);
-    engine.UpdateSamData();
-    list.IdentifyFile(&rule, 1);
-    EXPECT_EQ(Column(0), Strings{"junk.tmp"});
-    EXPECT_EQ(list.GetSelectedItem(), 0);
-    list.BuildUnidFiles();
-    EXPECT_EQ(Column(0), Strings{"junk.tmp"}) << "what the store now says";
-
-    tree.UpdateTree();
-    EXPECT_EQ(Texts(tree.PPCAppsItem()), (Strings{"Acme Installers", "Tool Makers"}));
-    EXPECT_EQ(Ctrl().GetItemText(tree.PPCAppsItem()), "Windows CE Applications  (2)");
-    ASSERT_TRUE(tree.SelectCompany("Acme Installers", tree.PPCAppsItem()));
-    const HTREEITEM app = Ctrl().GetChildItem(Ctrl().GetSelectedItem());
-    EXPECT_EQ(Ctrl().GetItemText(app), "Setup Wizard  [ 1.0 ]");
-    EXPECT_EQ(tree.CheckItemForText(app, "SETUP"), 1);
-    EXPECT_TRUE(reports.Empty());
-}
-
 TEST_F(NavigationRuleFlowTest, IgnoredApplicationLeavesTreeAndLists) {
     ASSERT_TRUE(tree.SelectCompany("Tool Makers", tree.PPCAppsItem()));
     const HTREEITEM company = Ctrl().GetSelectedItem();
