@@ -18,6 +18,9 @@ namespace {
 
 constexpr const char* kHints = "F1 Help  F10 Menu  F9 Actions  Tab Pane  / Search  q Quit";
 constexpr const char* kBusy = "Working...";
+// Redraws of the progress a second, at most.
+constexpr auto kProgressEvery = std::chrono::milliseconds(100);
+constexpr int kProgressBar = 30;
 
 // The keys F1 lists, in the order a newcomer needs them.
 constexpr std::array<const char*, 14> kHelp{
@@ -98,6 +101,12 @@ int movedTo(int key, int at, int page, int last) {
 SYTermConsoleWindow::SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& screen)
     : m_console(console), m_screen(screen), m_reportsSeen(SYGetApp().Reports().size()) {
     Layout();
+    SYGetApp().SetProgressSink(
+        [this](const std::string& task, int percent) { ShowProgress(task, percent); });
+}
+
+SYTermConsoleWindow::~SYTermConsoleWindow() {
+    SYGetApp().SetProgressSink({});
 }
 
 void SYTermConsoleWindow::Layout() {
@@ -167,6 +176,26 @@ void SYTermConsoleWindow::SetFocus(Pane pane) {
 
 void SYTermConsoleWindow::ShowBusy() {
     m_screen.Put(m_rows - 1, 0, fitted(kBusy, m_cols), SYTermAttr::Reverse);
+    m_screen.Refresh();
+}
+
+// The start of a piece of work always shows; later figures as often as a person can read
+// them, so that drawing does not slow the work down.
+void SYTermConsoleWindow::ShowProgress(const std::string& task, int percent) {
+    const auto now = std::chrono::steady_clock::now();
+    if (percent > 0 && now - m_progressDrawn < kProgressEvery)
+        return;
+    m_progressDrawn = now;
+    // Keys typed meanwhile wait their turn; taken in now, none merges with the next.
+    m_screen.TakeTypeahead();
+    std::string text = task + "… " + std::to_string(percent) + "%  ";
+    const int bar = std::min(kProgressBar, m_cols - static_cast<int>(text.size()) - 2);
+    if (bar > 0) {
+        const auto filled = static_cast<std::size_t>(percent * bar / 100);
+        text += "[" + std::string(filled, '#') +
+                std::string(static_cast<std::size_t>(bar) - filled, '.') + "]";
+    }
+    m_screen.Put(m_rows - 1, 0, fitted(text, m_cols), SYTermAttr::Reverse);
     m_screen.Refresh();
 }
 

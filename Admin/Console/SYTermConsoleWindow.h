@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -14,7 +15,11 @@ class SYTermScreen;
 // last note. It draws what the console's windows hold and turns keys into console calls.
 class SYTermConsoleWindow {
 public:
+    // Shows the library's progress on long work on the status line while it lives.
     SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& screen);
+    ~SYTermConsoleWindow();
+    SYTermConsoleWindow(const SYTermConsoleWindow&) = delete;
+    SYTermConsoleWindow& operator=(const SYTermConsoleWindow&) = delete;
 
     // Draws and answers keys until the user quits or the screen runs out of keys.
     void Run();
@@ -38,6 +43,7 @@ private:
     void DrawTabWnd(SYTabWnd& view, int top, int height);
     void DrawStatus();
     void ShowBusy();
+    void ShowProgress(const std::string& task, int percent);
     void HandleTreeKey(int key);
     void HandleRightKey(int key);
     void MoveInList(SYListCtrlEx& list, int key);
@@ -60,4 +66,5 @@ private:
     std::size_t m_reportsSeen = 0;
     std::string m_message;
     bool m_quit = false;
+    std::chrono::steady_clock::time_point m_progressDrawn;
 };

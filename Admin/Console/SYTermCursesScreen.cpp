@@ -136,11 +136,30 @@ int SYTermCursesScreen::Mouse() const {
 }
 
 int SYTermCursesScreen::ReadKey() {
+    if (!m_typeahead.empty()) {
+        const int key = m_typeahead.front();
+        m_typeahead.pop_front();
+        return key;
+    }
     int key = ERR;
     do {
         errno = 0;
         key = getch();
     } while (key == ERR && errno == EINTR);
+    return Decode(key);
+}
+
+void SYTermCursesScreen::TakeTypeahead() {
+    nodelay(stdscr, TRUE);
+    for (int key = getch(); key != ERR; key = getch()) {
+        const int decoded = Decode(key);
+        nodelay(stdscr, TRUE);
+        m_typeahead.push_back(decoded);
+    }
+    nodelay(stdscr, FALSE);
+}
+
+int SYTermCursesScreen::Decode(int key) {
     if (key == KEY_MOUSE)
         return Mouse();
     if (key != SYTermKeys::Esc)

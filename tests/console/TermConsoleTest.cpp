@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -100,6 +101,24 @@ TEST_F(TermConsoleTest, IdentifyingAFileTakesItOffTheListAndPutsItsApplicationIn
     // The store says the same as the views.
     console.Refresh();
     EXPECT_EQ(RightColumn(), std::vector<std::string>{"junk.tmp"});
+}
+
+TEST_F(TermConsoleTest, ApplyingARuleShowsItsProgressOnTheStatusLine) {
+    std::vector<std::string> statusLines;
+    const auto drawn = SYGetApp().GetProgressSink();
+    SYGetApp().SetProgressSink([&](const std::string& task, int percent) {
+        drawn(task, percent);
+        statusLines.push_back(screen.Line(23));
+    });
+    SYScriptedModalHost host;
+    IdentifySetup(host);
+    ASSERT_TRUE(host.ScriptDone());
+    EXPECT_NE(std::find_if(statusLines.begin(), statusLines.end(),
+                           [](const std::string& line) {
+                               return line.rfind("Applying rules… 0%  [....", 0) == 0;
+                           }),
+              statusLines.end());
+    EXPECT_NE(screen.Line(23).find("F1 Help"), std::string::npos) << "the hints are back after";
 }
 
 TEST_F(TermConsoleTest, SearchOpensTheApplicationViewAndItsDoubleClickOpensAnInstallation) {
