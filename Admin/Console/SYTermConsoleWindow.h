@@ -26,6 +26,8 @@ public:
     // Answers one key; false once the user quit.
     bool HandleKey(int key);
     void Draw();
+    // Ends the run once the key at hand is answered.
+    void Quit() { m_quit = true; }
     SYTermConsole::Pane Focus() const { return m_focus; }
 
 private:

@@ -391,8 +391,11 @@ void SYTermDialogView::HandleKey(int key) {
         handled = ButtonKey(*focus, key);
         break;
     }
-    if (!handled && key > ' ' && key < 0x7F && std::isalnum(key))
-        Hotkey(static_cast<char>(key));
+    if (handled || key <= ' ' || key >= 0x7F || !std::isalnum(key) ||
+        Hotkey(static_cast<char>(key)))
+        return;
+    if (key == 'q' && m_sheet != nullptr && m_quitRequest)
+        m_quitRequest();
 }
 
 bool SYTermDialogView::ButtonKey(SYWnd& wnd, int key) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -37,6 +38,8 @@ public:
     void HandleKey(int key) override;
     bool Done() const override;
     void Abandon() override;
+    // What q asks for on a property sheet when no control takes it.
+    void SetQuitRequest(std::function<void()> request) { m_quitRequest = std::move(request); }
 
     // A visible control and its place in the dialog, in cells.
     struct Placed {
@@ -94,6 +97,7 @@ private:
 
     CDialog& m_dialog;
     CPropertySheet* m_sheet;
+    std::function<void()> m_quitRequest;
     unsigned m_focusId = 0;
     bool m_haveFocusId = false;
     std::map<unsigned, SYTermLineEdit> m_edits;

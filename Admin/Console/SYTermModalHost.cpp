@@ -6,6 +6,7 @@
 #include "SYTermScreen.h"
 #include "outside/widgets/CDialog.h"
 #include "outside/widgets/SYFileDialog.h"
+#include "outside/widgets/SYMessageBox.h"
 
 #include <curses.h>
 
@@ -25,6 +26,10 @@ void SYTermModalHost::Redraw() {
 void SYTermModalHost::Run(SYTermLayer& layer) {
     m_layers.push_back(&layer);
     while (!layer.Done()) {
+        if (m_quitting) {
+            layer.Abandon();
+            continue;
+        }
         Redraw();
         const int key = m_screen.ReadKey();
         if (key == -1)
@@ -33,12 +38,24 @@ void SYTermModalHost::Run(SYTermLayer& layer) {
             layer.HandleKey(key);
     }
     m_layers.pop_back();
+    if (m_layers.empty())
+        m_quitting = false;
+}
+
+void SYTermModalHost::AskQuit() {
+    if (SYMessageBox::Show(nullptr, "Quit " + m_defaultCaption + "?", "",
+                           MB_YESNO | MB_ICONQUESTION) != IDYES)
+        return;
+    m_quitting = true;
+    m_quit();
 }
 
 int SYTermModalHost::RunModal(CDialog& dialog) {
     if (!dialog.BeginModal())
         return -1;
     SYTermDialogView view(dialog);
+    if (m_quit)
+        view.SetQuitRequest([this] { AskQuit(); });
     Run(view);
     return dialog.FinishModal();
 }
