@@ -35,23 +35,42 @@ private:
         HTREEITEM node;
         int depth;
     };
+    // Where a list was drawn last, for the mouse: its header on the first row, from its
+    // column firstColumn on.
+    struct DrawnList {
+        SYListCtrlEx* list;
+        int top;
+        int left;
+        int width;
+        int height;
+        int firstColumn;
+    };
 
     void Layout();
     std::vector<TreeLine> VisibleNodes();
     void DrawMenuBar();
     void DrawTree(int top, int height);
     void DrawRight(int top, int height);
-    void DrawList(const SYListCtrlEx& list, int top, int left, int width, int height);
+    void DrawList(SYListCtrlEx& list, int top, int left, int width, int height,
+                  int firstColumn = 0);
+    // The inventory list's first column shown, back at the first when the list shows other
+    // columns than when it was scrolled.
+    int ListShift();
     void DrawTabWnd(SYTabWnd& view, int top, int height);
     void DrawStatus();
     void ShowBusy();
     void ShowProgress(const std::string& task, int percent);
     void HandleTreeKey(int key);
     void HandleRightKey(int key);
+    void SideStep(int step);
+    void HandleMouse(int key);
+    void TreeMouse(int key);
+    void RightMouse(int key);
+    void ListMouse(const DrawnList& drawn, int key);
     void MoveInList(SYListCtrlEx& list, int key);
     void SetFocus(SYTermConsole::Pane pane);
     void Execute(int command);
-    void MenuBar();
+    void MenuBar(int open = 0);
     void ContextMenu();
     std::vector<SYMenuItem> ActionItems();
     // Reads a line on the status line; empty when cancelled.
@@ -65,6 +84,11 @@ private:
     int m_cols = 0;
     int m_treeCols = 0;
     int m_treeTop = 0;
+    // The wheel scrolled the tree away from its selection.
+    bool m_treeScrolled = false;
+    int m_listShift = 0;
+    std::string m_listShiftHeader;
+    std::vector<DrawnList> m_drawnLists;
     std::size_t m_reportsSeen = 0;
     std::string m_message;
     bool m_quit = false;

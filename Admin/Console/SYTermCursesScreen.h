@@ -33,7 +33,7 @@ private:
     int Translate(int key) const;
     // The key that curses' code stands for, reading what came with it.
     int Decode(int key);
-    // The click that KEY_MOUSE stands for, or KEY_MOUSE for any other mouse event.
+    // The click or wheel turn that KEY_MOUSE stands for, or KEY_MOUSE for any other event.
     int Mouse() const;
 
     bool m_colours = false;

@@ -163,6 +163,47 @@ TEST_F(TermConsoleTest, IgnoringAnApplicationFromTheTreeTakesItsNodeAway) {
     EXPECT_NE(shown.find("Acme Installers"), std::string::npos) << "the company node stays";
 }
 
+TEST_F(TermConsoleTest, ClicksSelectInBothPanesAndADoubleClickOpens) {
+    Play();
+    auto click = [&](const std::string& text, bool twice) {
+        int row = -1;
+        int col = -1;
+        ASSERT_TRUE(screen.Find(text, row, col)) << text << "\n" << screen.Dump();
+        window->HandleKey(Keys::Click(row, col, twice));
+        window->Draw();
+    };
+    click("Unidentified Windows CE Files", false);
+    EXPECT_EQ(SelectedNode().rfind("Unidentified Windows CE Files", 0), 0u);
+    EXPECT_EQ(window->Focus(), SYTermConsole::Pane::Tree);
+    click("junk.tmp", false);
+    EXPECT_EQ(window->Focus(), SYTermConsole::Pane::Right);
+    EXPECT_EQ(console.List().GetItemText(console.List().GetSelectedItem(), 0), "junk.tmp");
+    click("Unidentified Windows CE Files", true);
+    EXPECT_EQ(window->Focus(), SYTermConsole::Pane::Right) << "a leaf opens into the list";
+    // A header click sorts; the second, the other way round.
+    click("Size", false);
+    click("Size", false);
+    EXPECT_EQ(RightColumn(), (std::vector<std::string>{"setup.exe", "setup.exe", "junk.tmp"}));
+}
+
+TEST_F(TermConsoleTest, TheListScrollsSidewaysToItsLastColumnWithMarksAtTheEdges) {
+    screen.Resize(24, 60);
+    Play();
+    BrowseTo("Unidentified Windows CE Files");
+    window->HandleKey(Keys::Tab);
+    // The header, right of the tree, after pressing these keys in the list.
+    const auto header = [&](std::initializer_list<int> keys) {
+        for (const int key : keys)
+            window->HandleKey(key);
+        window->Draw();
+        return screen.Line(2).substr(24);
+    };
+    EXPECT_EQ(header({}), "|File               Size Mod Time  >");
+    EXPECT_EQ(header({Keys::Right, Keys::Right}), "|<    Size Mod Time") << "stops at the last";
+    EXPECT_EQ(screen.Line(3).substr(24), "|        7 3/4/2021 1:02:03 PM");
+    EXPECT_EQ(header({Keys::Left}), "|File               Size Mod Time  >");
+}
+
 TEST_F(TermConsoleTest, PrintWritesTheShownViewToAPdfAndSaysWhere) {
     BrowseTo("Unidentified Windows CE Files");
     screen.Keys({Keys::F(10), Keys::Newline});
