@@ -19,6 +19,7 @@ public:
     SYProgress(const SYProgress&) = delete;
     SYProgress& operator=(const SYProgress&) = delete;
 
+    // Counts steps done; a step that holds pieces of its own is counted after they ended.
     void Step(std::size_t count = 1);
 
     const std::string& Task() const { return m_task; }
