@@ -2,6 +2,7 @@
 
 #include "SYTermDialogView.h"
 #include "SYTermFileDialogView.h"
+#include "SYTermKeys.h"
 #include "SYTermMessageBoxView.h"
 #include "SYTermScreen.h"
 #include "outside/widgets/CDialog.h"
@@ -34,7 +35,8 @@ void SYTermModalHost::Run(SYTermLayer& layer) {
         const int key = m_screen.ReadKey();
         if (key == -1)
             layer.Abandon();
-        else if (key != KEY_RESIZE)
+        // Dialogs take no wheel; they scroll to their focus.
+        else if (key != KEY_RESIZE && !SYTermKeys::IsWheel(key))
             layer.HandleKey(key);
     }
     m_layers.pop_back();
