@@ -26,6 +26,7 @@ int SYTermConsoleProgram::Run(SYDatabase& database, const std::string& installPa
     SYTermConsoleWindow window(console, screen);
     // Dialogs draw over the main screen, not over a blank one.
     host.SetBackdrop([&window] { window.Draw(); });
+    host.SetQuit([&window] { window.Quit(); });
     window.Run();
     return 0;
 }

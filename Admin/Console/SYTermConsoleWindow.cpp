@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "SYTermKeys.h"
 #include "SYTermMenu.h"
@@ -18,13 +19,21 @@ namespace {
 
 constexpr const char* kHints = "F1 Help  F10 Menu  F9 Actions  Tab Pane  / Search  q Quit";
 constexpr const char* kBusy = "Working...";
+// Redraws of the progress a second, at most.
+constexpr auto kProgressEvery = std::chrono::milliseconds(100);
+constexpr int kProgressBar = 30;
+// The panes' titles stand on this row, their lines below it.
+constexpr int kPaneTop = 1;
+// Rows a turn of the mouse wheel scrolls.
+constexpr int kWheelRows = 3;
 
 // The keys F1 lists, in the order a newcomer needs them.
-constexpr std::array<const char*, 14> kHelp{
+constexpr std::array<const char*, 16> kHelp{
     "Up, Down         move in the tree or the list",
     "PgUp, PgDn       move a page",
     "Home, End        first or last line",
-    "Left, Right      tree: close or open a node; views: previous or next tab",
+    "Left, Right      tree: close or open a node; list: scroll the columns;",
+    "                 views: previous or next tab",
     "Enter            tree: open or close a node; right: open the row",
     "Tab, Shift-Tab   switch between the tree and the right half",
     "/                search the tree",
@@ -34,7 +43,8 @@ constexpr std::array<const char*, 14> kHelp{
     "F5               refresh the tree and the lists",
     "F1               this help",
     "Esc              close a menu, prompt or dialog",
-    "q                quit",
+    "q                quit (asks first while a sheet is open)",
+    "Mouse            click selects, double click opens, the wheel scrolls",
 };
 
 std::string fitted(std::string text, int width) {
@@ -59,6 +69,22 @@ struct BarMenu {
     int col;
 };
 constexpr std::array<BarMenu, 4> kBar{{{"File", 1}, {"Actions", 7}, {"View", 16}, {"Help", 22}}};
+
+std::string tabLabel(SYTabWnd& view, int page) {
+    return " " + view.GetPageTitle(page) + " ";
+}
+
+int columnCells(const SYListCtrlEx& list, int column) {
+    return std::max(3, list.GetColWidth(column) / SYFontMetrics::CharWidth);
+}
+
+// How many cells the list's columns take from this one on.
+int cellsFrom(const SYListCtrlEx& list, int firstColumn) {
+    int cells = 0;
+    for (int column = firstColumn; column < list.GetColumnCount(); ++column)
+        cells += columnCells(list, column);
+    return cells;
+}
 
 bool isEnter(int key) {
     return key == Keys::Newline || key == Keys::Return || key == Keys::Enter;
@@ -98,6 +124,12 @@ int movedTo(int key, int at, int page, int last) {
 SYTermConsoleWindow::SYTermConsoleWindow(SYTermConsole& console, SYTermScreen& screen)
     : m_console(console), m_screen(screen), m_reportsSeen(SYGetApp().Reports().size()) {
     Layout();
+    SYGetApp().SetProgressSink(
+        [this](const std::string& task, int percent) { ShowProgress(task, percent); });
+}
+
+SYTermConsoleWindow::~SYTermConsoleWindow() {
+    SYGetApp().SetProgressSink({});
 }
 
 void SYTermConsoleWindow::Layout() {
@@ -124,6 +156,11 @@ void SYTermConsoleWindow::Run() {
 bool SYTermConsoleWindow::HandleKey(int key) {
     m_message.clear();
     m_console.ClearNote();
+    if (Keys::IsClick(key) || Keys::IsWheel(key)) {
+        HandleMouse(key);
+        return !m_quit;
+    }
+    m_treeScrolled = false;
     switch (key) {
     case 'q':
         m_quit = true;
@@ -171,6 +208,26 @@ void SYTermConsoleWindow::SetFocus(Pane pane) {
 
 void SYTermConsoleWindow::ShowBusy() {
     m_screen.Put(m_rows - 1, 0, fitted(kBusy, m_cols), SYTermAttr::Reverse);
+    m_screen.Refresh();
+}
+
+// The start of a piece of work always shows; later figures as often as a person can read
+// them, so that drawing does not slow the work down.
+void SYTermConsoleWindow::ShowProgress(const std::string& task, int percent) {
+    const auto now = std::chrono::steady_clock::now();
+    if (percent > 0 && now - m_progressDrawn < kProgressEvery)
+        return;
+    m_progressDrawn = now;
+    // Keys typed meanwhile wait their turn; taken in now, none merges with the next.
+    m_screen.TakeTypeahead();
+    std::string text = task + "… " + std::to_string(percent) + "%  ";
+    const int bar = std::min(kProgressBar, m_cols - static_cast<int>(text.size()) - 2);
+    if (bar > 0) {
+        const auto filled = static_cast<std::size_t>(percent * bar / 100);
+        text += "[" + std::string(filled, '#') +
+                std::string(static_cast<std::size_t>(bar) - filled, '.') + "]";
+    }
+    m_screen.Put(m_rows - 1, 0, fitted(text, m_cols), SYTermAttr::Reverse);
     m_screen.Refresh();
 }
 
@@ -236,6 +293,22 @@ void SYTermConsoleWindow::HandleTreeKey(int key) {
     }
 }
 
+// A view turns to its previous or next page; the list scrolls by a column, to the right only
+// while columns lie beyond the pane's edge.
+void SYTermConsoleWindow::SideStep(int step) {
+    if (SYTabWnd* view = m_console.ShownTabWnd()) {
+        const int count = view->GetPageCount();
+        view->ClickTab((view->GetActiveIndex() + step + count) % count);
+        m_console.FocusRight();
+        return;
+    }
+    const int shift = ListShift();
+    if (step < 0)
+        m_listShift = std::max(0, shift - 1);
+    else if (cellsFrom(m_console.List(), shift) > m_cols - m_treeCols - 1)
+        m_listShift = shift + 1;
+}
+
 void SYTermConsoleWindow::MoveInList(SYListCtrlEx& list, int key) {
     const int count = list.GetItemCount();
     if (count == 0)
@@ -250,12 +323,8 @@ void SYTermConsoleWindow::MoveInList(SYListCtrlEx& list, int key) {
 }
 
 void SYTermConsoleWindow::HandleRightKey(int key) {
-    if (SYTabWnd* view = m_console.ShownTabWnd();
-        view != nullptr && (key == Keys::Left || key == Keys::Right)) {
-        const int step = key == Keys::Left ? -1 : 1;
-        const int count = view->GetPageCount();
-        view->ClickTab((view->GetActiveIndex() + step + count) % count);
-        m_console.FocusRight();
+    if (key == Keys::Left || key == Keys::Right) {
+        SideStep(key == Keys::Left ? -1 : 1);
         return;
     }
     if (isEnter(key)) {
@@ -267,6 +336,104 @@ void SYTermConsoleWindow::HandleRightKey(int key) {
     }
     if (SYListCtrlEx* list = m_console.RightList())
         MoveInList(*list, key);
+}
+
+// A click selects what lies under it and a double click opens it as Enter would; the wheel
+// scrolls the pane under it.
+void SYTermConsoleWindow::HandleMouse(int key) {
+    const int row = Keys::ClickRow(key);
+    const int col = Keys::ClickCol(key);
+    if (row == 0 && Keys::IsClick(key)) {
+        for (std::size_t i = 0; i < kBar.size(); ++i) {
+            const int width = static_cast<int>(std::string_view(kBar[i].title).size()) + 2;
+            if (col >= kBar[i].col && col < kBar[i].col + width)
+                MenuBar(static_cast<int>(i));
+        }
+        return;
+    }
+    if (row < kPaneTop || row >= m_rows - 1)
+        return;
+    if (col < m_treeCols)
+        TreeMouse(key);
+    else if (col > m_treeCols)
+        RightMouse(key);
+}
+
+void SYTermConsoleWindow::TreeMouse(int key) {
+    if (Keys::IsWheel(key)) {
+        m_treeTop = std::max(0, m_treeTop + (Keys::IsWheelDown(key) ? kWheelRows : -kWheelRows));
+        m_treeScrolled = true;
+        return;
+    }
+    // What is clicked is in sight: following the selection from here keeps the lines still.
+    m_treeScrolled = false;
+    SetFocus(Pane::Tree);
+    const std::vector<TreeLine> lines = VisibleNodes();
+    const int index = m_treeTop + Keys::ClickRow(key) - kPaneTop - 1;
+    if (Keys::ClickRow(key) <= kPaneTop || index >= static_cast<int>(lines.size()))
+        return;
+    const TreeLine& line = lines[static_cast<std::size_t>(index)];
+    SYTreeCtrlEx& tree = m_console.TreeCtrl();
+    if (line.node != tree.GetSelectedItem()) {
+        ShowBusy();
+        tree.SelectItem(line.node);
+    }
+    // The node's +/- mark opens or closes it.
+    const int mark = Keys::ClickCol(key) - 2 * line.depth;
+    if (Keys::IsDoubleClick(key))
+        HandleTreeKey(Keys::Enter);
+    else if (mark >= 0 && mark < 2 && tree.ItemHasChildren(line.node)) {
+        ShowBusy();
+        m_console.Toggle(line.node);
+    }
+}
+
+void SYTermConsoleWindow::RightMouse(int key) {
+    const int row = Keys::ClickRow(key);
+    const int col = Keys::ClickCol(key);
+    for (const DrawnList& drawn : m_drawnLists) {
+        if (row >= drawn.top && row < drawn.top + drawn.height && col >= drawn.left &&
+            col < drawn.left + drawn.width) {
+            ListMouse(drawn, key);
+            return;
+        }
+    }
+    SYTabWnd* view = m_console.ShownTabWnd();
+    if (view == nullptr || !Keys::IsClick(key) || row != kPaneTop + 1)
+        return;
+    for (int page = 0, left = m_treeCols + 1; page < view->GetPageCount(); ++page) {
+        const int width = static_cast<int>(tabLabel(*view, page).size());
+        if (col >= left && col < left + width) {
+            view->ClickTab(page);
+            SetFocus(Pane::Right);
+            return;
+        }
+        left += width + 1;
+    }
+}
+
+void SYTermConsoleWindow::ListMouse(const DrawnList& drawn, int key) {
+    SYListCtrlEx& list = *drawn.list;
+    if (Keys::IsWheel(key)) {
+        list.Scroll(0,
+                    (Keys::IsWheelDown(key) ? kWheelRows : -kWheelRows) * SYFontMetrics::RowHeight);
+        return;
+    }
+    SetFocus(Pane::Right);
+    const int row = Keys::ClickRow(key) - drawn.top;
+    if (row == 0) {
+        int right = drawn.left;
+        for (int column = drawn.firstColumn; column < list.GetColumnCount(); ++column) {
+            right += columnCells(list, column);
+            if (Keys::ClickCol(key) < right) {
+                list.ClickHeader(column);
+                return;
+            }
+        }
+        return;
+    }
+    if (list.ClickRow(list.GetTopIndex() + row - 1) != 0 && Keys::IsDoubleClick(key))
+        HandleRightKey(Keys::Enter);
 }
 
 std::vector<SYMenuItem> SYTermConsoleWindow::ActionItems() {
@@ -295,8 +462,7 @@ void SYTermConsoleWindow::ContextMenu() {
         Execute(command);
 }
 
-void SYTermConsoleWindow::MenuBar() {
-    int open = 0;
+void SYTermConsoleWindow::MenuBar(int open) {
     for (;;) {
         std::vector<SYMenuItem> items;
         switch (open) {
@@ -408,8 +574,9 @@ void SYTermConsoleWindow::Draw() {
     // A resize while a dialog was up went to the dialog: the screen's size tells.
     Layout();
     m_screen.Fill(0, 0, m_rows, m_cols, SYTermAttr::Normal);
+    m_drawnLists.clear();
     DrawMenuBar();
-    const int top = 1;
+    const int top = kPaneTop;
     const int height = m_rows - 2;
     m_screen.Put(top, 0, fitted(" " + m_console.Tree().GetHeaderText(), m_treeCols),
                  m_focus == Pane::Tree ? SYTermAttr::Reverse : SYTermAttr::Bold);
@@ -437,7 +604,9 @@ void SYTermConsoleWindow::DrawTree(int top, int height) {
         if (lines[i].node == tree.GetSelectedItem())
             at = static_cast<int>(i);
     }
-    m_treeTop = std::clamp(m_treeTop, std::max(0, at - height + 1), at);
+    if (!m_treeScrolled)
+        m_treeTop = std::clamp(m_treeTop, std::max(0, at - height + 1), at);
+    m_treeTop = std::clamp(m_treeTop, 0, std::max(0, static_cast<int>(lines.size()) - height));
     for (int i = 0; i < height; ++i) {
         const auto index = static_cast<std::size_t>(m_treeTop + i);
         if (index >= lines.size())
@@ -461,22 +630,33 @@ void SYTermConsoleWindow::DrawRight(int top, int height) {
         DrawTabWnd(*view, top, height);
         return;
     }
-    DrawList(m_console.List(), top, m_treeCols + 1, m_cols - m_treeCols - 1, height);
+    DrawList(m_console.List(), top, m_treeCols + 1, m_cols - m_treeCols - 1, height, ListShift());
 }
 
-void SYTermConsoleWindow::DrawList(const SYListCtrlEx& list, int top, int left, int width,
-                                   int height) {
+int SYTermConsoleWindow::ListShift() {
+    const SYListCtrlEx& list = m_console.List();
+    std::string header;
+    for (int column = 0; column < list.GetColumnCount(); ++column)
+        header += list.GetColumnTitle(column) + '\t';
+    if (header != m_listShiftHeader) {
+        m_listShiftHeader = header;
+        m_listShift = 0;
+    }
+    m_listShift = std::clamp(m_listShift, 0, std::max(0, list.GetColumnCount() - 1));
+    return m_listShift;
+}
+
+void SYTermConsoleWindow::DrawList(SYListCtrlEx& list, int top, int left, int width, int height,
+                                   int firstColumn) {
     if (height <= 0 || width <= 0)
         return;
-    std::vector<int> widths;
-    for (int column = 0; column < list.GetColumnCount(); ++column)
-        widths.push_back(std::max(3, list.GetColWidth(column) / SYFontMetrics::CharWidth));
+    m_drawnLists.push_back({&list, top, left, width, height, firstColumn});
     auto line = [&](auto cellOf) {
         std::string text;
-        for (std::size_t column = 0; column < widths.size(); ++column) {
-            const std::string cell = cellOf(static_cast<int>(column));
-            const int w = widths[column] - 1;
-            const bool right = list.GetColFormat(static_cast<int>(column)) == SYAlignRight;
+        for (int column = firstColumn; column < list.GetColumnCount(); ++column) {
+            const std::string cell = cellOf(column);
+            const int w = columnCells(list, column) - 1;
+            const bool right = list.GetColFormat(column) == SYAlignRight;
             const std::string fit = fitted(cell, w);
             text += right && static_cast<int>(cell.size()) < w
                         ? std::string(static_cast<std::size_t>(w) - cell.size(), ' ') + cell
@@ -487,6 +667,11 @@ void SYTermConsoleWindow::DrawList(const SYListCtrlEx& list, int top, int left, 
     };
     m_screen.Put(top, left, line([&](int column) { return list.GetColumnTitle(column); }),
                  SYTermAttr::Bold);
+    // Marks at the header's ends where columns lie beyond the pane.
+    if (firstColumn > 0)
+        m_screen.Put(top, left, "<", SYTermAttr::Reverse);
+    if (cellsFrom(list, firstColumn) > width)
+        m_screen.Put(top, left + width - 1, ">", SYTermAttr::Reverse);
     const int selected = list.GetSelectedItem();
     for (int i = 0; i + 1 < height; ++i) {
         const int row = list.GetTopIndex() + i;
@@ -505,7 +690,7 @@ void SYTermConsoleWindow::DrawTabWnd(SYTabWnd& view, int top, int height) {
     const int left = m_treeCols + 1;
     int col = left;
     for (int page = 0; page < view.GetPageCount(); ++page) {
-        const std::string title = " " + view.GetPageTitle(page) + " ";
+        const std::string title = tabLabel(view, page);
         m_screen.Put(top, col, title,
                      page == view.GetActiveIndex() ? SYTermAttr::Reverse : SYTermAttr::Normal);
         col += static_cast<int>(title.size()) + 1;

@@ -19,6 +19,12 @@ namespace {
 
 constexpr short SelectionPair = 1;
 constexpr int EscDelayMs = 25;
+constexpr mmask_t WheelUp = BUTTON4_PRESSED;
+#ifdef BUTTON5_PRESSED
+constexpr mmask_t WheelDown = BUTTON5_PRESSED;
+#else
+constexpr mmask_t WheelDown = 0;
+#endif
 
 // Frame lines in terminals whose locale cannot show them.
 std::string asciiFrames(std::string_view text) {
@@ -48,7 +54,7 @@ SYTermCursesScreen::SYTermCursesScreen() {
     nonl();
     keypad(stdscr, TRUE);
     set_escdelay(EscDelayMs);
-    mousemask(BUTTON1_CLICKED | BUTTON1_DOUBLE_CLICKED, nullptr);
+    mousemask(BUTTON1_CLICKED | BUTTON1_DOUBLE_CLICKED | WheelUp | WheelDown, nullptr);
     m_colours = has_colors();
     if (m_colours) {
         start_color();
@@ -130,17 +136,38 @@ int SYTermCursesScreen::Mouse() const {
     MEVENT event;
     if (getmouse(&event) != OK)
         return KEY_MOUSE;
+    if ((event.bstate & (WheelUp | WheelDown)) != 0)
+        return SYTermKeys::Wheel(event.y, event.x, (event.bstate & WheelDown) != 0);
     if ((event.bstate & (BUTTON1_CLICKED | BUTTON1_DOUBLE_CLICKED)) == 0)
         return KEY_MOUSE;
     return SYTermKeys::Click(event.y, event.x, (event.bstate & BUTTON1_DOUBLE_CLICKED) != 0);
 }
 
 int SYTermCursesScreen::ReadKey() {
+    if (!m_typeahead.empty()) {
+        const int key = m_typeahead.front();
+        m_typeahead.pop_front();
+        return key;
+    }
     int key = ERR;
     do {
         errno = 0;
         key = getch();
     } while (key == ERR && errno == EINTR);
+    return Decode(key);
+}
+
+void SYTermCursesScreen::TakeTypeahead() {
+    nodelay(stdscr, TRUE);
+    for (int key = getch(); key != ERR; key = getch()) {
+        const int decoded = Decode(key);
+        nodelay(stdscr, TRUE);
+        m_typeahead.push_back(decoded);
+    }
+    nodelay(stdscr, FALSE);
+}
+
+int SYTermCursesScreen::Decode(int key) {
     if (key == KEY_MOUSE)
         return Mouse();
     if (key != SYTermKeys::Esc)

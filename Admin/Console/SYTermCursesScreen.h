@@ -1,5 +1,7 @@
 #pragma once
 
+#include <deque>
+
 #include "SYTermScreen.h"
 
 // The real terminal through ncurses, for the life of the object: raw keys with the keypad
@@ -20,17 +22,23 @@ public:
     void SetCursor(int row, int col, bool visible) override;
     void Refresh() override;
     int ReadKey() override;
+    // Read now, an Esc and the next key typed a moment later stay two keys, and the terminal
+    // driver's wait for input no longer holds back the redraw of the progress.
+    void TakeTypeahead() override;
 
     bool HaveColours() const { return m_colours; }
 
 private:
     int Attributes(SYTermAttr attr) const;
     int Translate(int key) const;
-    // The click that KEY_MOUSE stands for, or KEY_MOUSE for any other mouse event.
+    // The key that curses' code stands for, reading what came with it.
+    int Decode(int key);
+    // The click or wheel turn that KEY_MOUSE stands for, or KEY_MOUSE for any other event.
     int Mouse() const;
 
     bool m_colours = false;
     bool m_unicode = false;
     int m_ctrlPageUp = -1;
     int m_ctrlPageDown = -1;
+    std::deque<int> m_typeahead;
 };

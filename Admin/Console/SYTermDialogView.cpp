@@ -13,23 +13,16 @@
 #include "outside/widgets/SYFontMetrics.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYRadioButton.h"
-#include "outside/widgets/SYTextWnd.h"
 #include "outside/widgets/SYTreeCtrlEx.h"
 
 #include <curses.h>
 
 namespace {
 
+using Painter = SYTermDialogPainter;
+
 // Controls up to this tall (a push button) take one row.
 constexpr int ShortHeight = 14 * SYFontMetrics::DialogUnitY;
-
-int cellsAcross(int pixels) {
-    return (pixels + SYFontMetrics::CharWidth - 1) / SYFontMetrics::CharWidth;
-}
-
-int cellsDown(int pixels) {
-    return (pixels + SYFontMetrics::RowHeight - 1) / SYFontMetrics::RowHeight;
-}
 
 bool isEnter(int key) {
     return key == '\n' || key == '\r' || key == KEY_ENTER;
@@ -41,22 +34,6 @@ bool isPushButton(SYControlKind kind) {
 
 bool takesText(SYControlKind kind) {
     return kind == SYControlKind::Edit || kind == SYControlKind::MultiLineEdit;
-}
-
-SYTermAttr stateAttr(const SYWnd& wnd, bool focused, SYTermAttr normal) {
-    if (!wnd.IsWindowEnabled())
-        return SYTermAttr::Dim;
-    return focused ? SYTermAttr::Reverse : normal;
-}
-
-// A text in a field, its hotkey letter underlined while the control can take it.
-void putLabel(SYTermCanvas& canvas, int row, int col, const std::string& label, SYTermAttr attr,
-              int width) {
-    int hotkey = -1;
-    const std::string plain = SYTermText::StripHotkey(label, &hotkey);
-    canvas.Put(row, col, SYTermText::Slice(plain, 0, width), attr);
-    if (hotkey >= 0 && hotkey < width && attr == SYTermAttr::Normal)
-        canvas.Put(row, col + hotkey, SYTermText::Slice(plain, hotkey, 1), SYTermAttr::Underline);
 }
 
 char hotkeyOf(const SYWnd& wnd) {
@@ -86,51 +63,6 @@ int pickField(SYDateTimeEdit& editor, int segment, int value) {
     return editor.PickDateTime(fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]);
 }
 
-// Cell where each run of digits of the shown date begins.
-std::vector<int> digitRuns(const std::string& shown) {
-    std::vector<int> starts;
-    for (int i = 0; i < static_cast<int>(shown.size()); ++i) {
-        if (std::isdigit(static_cast<unsigned char>(shown[i])) &&
-            (i == 0 || !std::isdigit(static_cast<unsigned char>(shown[i - 1]))))
-            starts.push_back(i);
-    }
-    return starts;
-}
-
-struct TreeLine {
-    HTREEITEM node;
-    int depth;
-};
-
-std::vector<TreeLine> shownNodes(const SYTreeCtrlEx& tree) {
-    std::vector<TreeLine> lines;
-    std::vector<TreeLine> pending;
-    for (HTREEITEM root = tree.GetRootItem(); root != nullptr; root = tree.GetNextSiblingItem(root))
-        pending.push_back({root, 0});
-    std::reverse(pending.begin(), pending.end());
-    while (!pending.empty()) {
-        const TreeLine line = pending.back();
-        pending.pop_back();
-        lines.push_back(line);
-        if (!tree.ItemExpanded(line.node))
-            continue;
-        std::vector<TreeLine> children;
-        for (HTREEITEM child = tree.GetChildItem(line.node); child != nullptr;
-             child = tree.GetNextSiblingItem(child))
-            children.push_back({child, line.depth + 1});
-        pending.insert(pending.end(), children.rbegin(), children.rend());
-    }
-    return lines;
-}
-
-int indexOfNode(const std::vector<TreeLine>& lines, HTREEITEM node) {
-    for (int i = 0; i < static_cast<int>(lines.size()); ++i) {
-        if (lines[i].node == node)
-            return i;
-    }
-    return -1;
-}
-
 // The row a list or tree moves to for a key, or -1 when the key is not one of its moves.
 int movedRow(int key, int current, int count, int page) {
     switch (key) {
@@ -154,7 +86,8 @@ int movedRow(int key, int current, int count, int page) {
 } // namespace
 
 SYTermDialogView::SYTermDialogView(CDialog& dialog)
-    : m_dialog(dialog), m_sheet(dynamic_cast<CPropertySheet*>(&dialog)) {}
+    : m_dialog(dialog), m_sheet(dynamic_cast<CPropertySheet*>(&dialog)),
+      m_painter(m_sheet, m_edits, m_dates, m_treeTops) {}
 
 bool SYTermDialogView::Done() const {
     return m_dialog.IsModalEnded();
@@ -391,8 +324,11 @@ void SYTermDialogView::HandleKey(int key) {
         handled = ButtonKey(*focus, key);
         break;
     }
-    if (!handled && key > ' ' && key < 0x7F && std::isalnum(key))
-        Hotkey(static_cast<char>(key));
+    if (handled || key <= ' ' || key >= 0x7F || !std::isalnum(key) ||
+        Hotkey(static_cast<char>(key)))
+        return;
+    if (key == 'q' && m_sheet != nullptr && m_quitRequest)
+        m_quitRequest();
 }
 
 bool SYTermDialogView::ButtonKey(SYWnd& wnd, int key) {
@@ -456,11 +392,11 @@ bool SYTermDialogView::OpenListRow(SYWnd& wnd) {
 
 bool SYTermDialogView::TreeKey(SYWnd& wnd, int key) {
     auto& tree = static_cast<SYTreeCtrlEx&>(wnd);
-    const std::vector<TreeLine> lines = shownNodes(tree);
+    const std::vector<Painter::TreeLine> lines = Painter::ShownNodes(tree);
     if (lines.empty())
         return false;
     HTREEITEM selected = tree.GetSelectedItem();
-    const int current = indexOfNode(lines, selected);
+    const int current = Painter::IndexOfNode(lines, selected);
     if (key == KEY_RIGHT || key == KEY_LEFT) {
         if (selected == nullptr)
             return true;
@@ -525,70 +461,27 @@ bool SYTermDialogView::DateKey(SYWnd& wnd, int key) {
 
 void SYTermDialogView::ScrollToShow(int row, int col, int viewRows, int viewCols) {
     const SYRect& rect = m_dialog.GetWindowRect();
-    const int rows = cellsDown(rect.Height());
-    const int cols = cellsAcross(rect.Width());
+    const int rows = Painter::CellsDown(rect.Height());
+    const int cols = Painter::CellsAcross(rect.Width());
     // As little as shows the caret, so that the title and tabs stay in sight when they can.
     m_scrollRow = std::clamp(row - viewRows + 1, 0, std::max(0, rows - viewRows));
     m_scrollCol = std::clamp(col - viewCols + 1, 0, std::max(0, cols - viewCols));
 }
 
-void SYTermDialogView::CaretOf(const Placed& placed, int& row, int& col) {
-    row = placed.row;
-    col = placed.col;
-    SYWnd& wnd = *placed.wnd;
-    switch (wnd.Kind()) {
-    case SYControlKind::Edit: {
-        SYTermLineEdit& line = m_edits[wnd.GetDlgCtrlID()];
-        col += line.Caret(wnd.GetWindowText()) - line.FirstShown(wnd.GetWindowText(), placed.cols);
-        break;
-    }
-    case SYControlKind::MultiLineEdit: {
-        const int caret = m_edits[wnd.GetDlgCtrlID()].Caret(wnd.GetWindowText());
-        row += std::min(caret / placed.cols, placed.rows - 1);
-        col += caret % placed.cols;
-        break;
-    }
-    case SYControlKind::DateTimeEdit: {
-        const auto& editor = static_cast<const SYDateTimeEdit&>(wnd);
-        const std::vector<int> runs = digitRuns(editor.DisplayText());
-        const int segment = m_dates[wnd.GetDlgCtrlID()].segment;
-        if (segment < static_cast<int>(runs.size()))
-            col += runs[static_cast<std::size_t>(segment)];
-        break;
-    }
-    case SYControlKind::ListCtrl: {
-        const auto& list = static_cast<const SYListCtrlEx&>(wnd);
-        const int selected = list.GetSelectedItem();
-        if (selected >= list.GetTopIndex() && selected - list.GetTopIndex() < placed.rows - 1)
-            row += 1 + selected - list.GetTopIndex();
-        break;
-    }
-    case SYControlKind::TreeCtrl: {
-        const auto& tree = static_cast<const SYTreeCtrlEx&>(wnd);
-        const int index = indexOfNode(shownNodes(tree), tree.GetSelectedItem());
-        int& top = m_treeTops[wnd.GetDlgCtrlID()];
-        if (index >= 0)
-            top = std::clamp(top, std::max(0, index - placed.rows + 1), index);
-        row += std::max(0, index - top);
-        break;
-    }
-    default:
-        break;
-    }
-}
-
 void SYTermDialogView::Draw(SYTermScreen& screen, bool top) {
     SYWnd* focus = Focused();
     const SYRect& rect = m_dialog.GetWindowRect();
-    const int viewRows = std::max(1, std::min(cellsDown(rect.Height()), screen.Rows() - 2));
-    const int viewCols = std::max(1, std::min(cellsAcross(rect.Width()), screen.Cols() - 2));
+    const int viewRows =
+        std::max(1, std::min(Painter::CellsDown(rect.Height()), screen.Rows() - 2));
+    const int viewCols =
+        std::max(1, std::min(Painter::CellsAcross(rect.Width()), screen.Cols() - 2));
     const SYTermCanvas box =
         SYTermCanvas::Box(screen, viewRows + 2, viewCols + 2, m_dialog.GetWindowText());
     const std::vector<Placed> controls = Controls();
     m_caretRow = m_caretCol = -1;
     for (const Placed& placed : controls) {
         if (placed.wnd == focus) {
-            CaretOf(placed, m_caretRow, m_caretCol);
+            m_painter.CaretOf(placed, m_caretRow, m_caretCol);
             ScrollToShow(m_caretRow, m_caretCol, box.Rows(), box.Cols());
         }
     }
@@ -598,8 +491,8 @@ void SYTermDialogView::Draw(SYTermScreen& screen, bool top) {
     m_viewRows = box.Rows();
     m_viewCols = box.Cols();
     for (const Placed& placed : controls)
-        DrawControl(canvas, placed, placed.wnd == focus);
-    DrawScrollMarks(screen, box, cellsDown(rect.Height()));
+        m_painter.DrawControl(canvas, placed, placed.wnd == focus);
+    m_painter.DrawScrollMarks(screen, box, m_scrollRow, Painter::CellsDown(rect.Height()));
     if (!top)
         return;
     const bool caretShown = focus != nullptr && (takesText(focus->Kind()) ||
@@ -608,213 +501,6 @@ void SYTermDialogView::Draw(SYTermScreen& screen, bool top) {
     int col = 0;
     const bool inSight = canvas.ToScreen(m_caretRow, m_caretCol, row, col);
     screen.SetCursor(row, col, caretShown && inSight);
-}
-
-void SYTermDialogView::DrawScrollMarks(SYTermScreen& screen, const SYTermCanvas& box, int rows) {
-    int row = 0;
-    int col = 0;
-    box.ToScreen(0, box.Cols() - 1, row, col);
-    if (m_scrollRow > 0)
-        screen.Put(row - 1, col, "▲", SYTermAttr::Bold);
-    if (m_scrollRow + box.Rows() < rows)
-        screen.Put(row + box.Rows(), col, "▼", SYTermAttr::Bold);
-}
-
-void SYTermDialogView::DrawControl(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    SYWnd& wnd = *placed.wnd;
-    switch (wnd.Kind()) {
-    case SYControlKind::Static:
-        DrawLabel(canvas, placed);
-        break;
-    case SYControlKind::GroupBox:
-        canvas.Frame(placed.row, placed.col, placed.rows, placed.cols,
-                     SYTermText::StripHotkey(wnd.GetWindowText()),
-                     wnd.IsWindowEnabled() ? SYTermAttr::Normal : SYTermAttr::Dim);
-        break;
-    case SYControlKind::Button:
-    case SYControlKind::DefaultButton:
-    case SYControlKind::CheckBox:
-    case SYControlKind::RadioButton:
-        DrawButton(canvas, placed, focused);
-        break;
-    case SYControlKind::Edit:
-    case SYControlKind::MultiLineEdit:
-        DrawEdit(canvas, placed, focused);
-        break;
-    case SYControlKind::DateTimeEdit:
-        DrawDate(canvas, placed, focused);
-        break;
-    case SYControlKind::TextWindow: {
-        const auto lines = SYTermText::Wrap(static_cast<SYTextWnd&>(wnd).GetText(), placed.cols);
-        for (int i = 0; i < placed.rows && i < static_cast<int>(lines.size()); ++i)
-            canvas.Put(placed.row + i, placed.col, lines[static_cast<std::size_t>(i)],
-                       SYTermAttr::Normal);
-        break;
-    }
-    case SYControlKind::ListCtrl:
-        DrawList(canvas, placed, focused);
-        break;
-    case SYControlKind::TreeCtrl:
-        DrawTree(canvas, placed, focused);
-        break;
-    case SYControlKind::TabCtrl:
-        DrawTabs(canvas, placed, focused);
-        break;
-    case SYControlKind::Icon:
-        break;
-    }
-}
-
-void SYTermDialogView::DrawLabel(SYTermCanvas& canvas, const Placed& placed) {
-    const SYWnd& wnd = *placed.wnd;
-    const SYTermAttr attr = wnd.IsWindowEnabled() ? SYTermAttr::Normal : SYTermAttr::Dim;
-    const bool right = (wnd.Style() & SYStyleRightAlign) != 0;
-    if (placed.rows == 1 && !right) {
-        putLabel(canvas, placed.row, placed.col, wnd.GetWindowText(), attr, placed.cols);
-        return;
-    }
-    const auto lines = SYTermText::Wrap(SYTermText::StripHotkey(wnd.GetWindowText()), placed.cols);
-    for (int i = 0; i < placed.rows && i < static_cast<int>(lines.size()); ++i)
-        canvas.Put(placed.row + i, placed.col,
-                   SYTermText::Fit(lines[static_cast<std::size_t>(i)], placed.cols, right), attr);
-}
-
-void SYTermDialogView::DrawButton(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    const SYWnd& wnd = *placed.wnd;
-    const std::string label = wnd.GetWindowText();
-    const int check = static_cast<const SYButton&>(wnd).GetCheck();
-    if (wnd.Kind() == SYControlKind::CheckBox || wnd.Kind() == SYControlKind::RadioButton) {
-        const bool box = wnd.Kind() == SYControlKind::CheckBox;
-        const std::string mark = box ? (check ? "[x]" : "[ ]") : (check ? "(*)" : "( )");
-        canvas.Put(placed.row, placed.col, mark, stateAttr(wnd, focused, SYTermAttr::Normal));
-        putLabel(canvas, placed.row, placed.col + 4, label,
-                 wnd.IsWindowEnabled() ? SYTermAttr::Normal : SYTermAttr::Dim, placed.cols - 4);
-        return;
-    }
-    const SYTermAttr normal =
-        wnd.Kind() == SYControlKind::DefaultButton ? SYTermAttr::Bold : SYTermAttr::Normal;
-    const SYTermAttr attr = stateAttr(wnd, focused, normal);
-    // The caption keeps its padding where the button is wide enough for it.
-    const std::string caption = SYTermText::StripHotkey(label);
-    const bool roomy = SYTermText::Width(caption) + 4 <= placed.cols;
-    const std::string shown = roomy ? "[ " + caption + " ]" : "[" + caption + "]";
-    const int col = placed.col + std::max(0, (placed.cols - SYTermText::Width(shown)) / 2);
-    canvas.Put(placed.row, col, shown, attr);
-    putLabel(canvas, placed.row, col + (roomy ? 2 : 1), label, attr, placed.cols);
-}
-
-void SYTermDialogView::DrawEdit(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    const auto& edit = static_cast<const SYEdit&>(*placed.wnd);
-    const std::string& text = edit.GetWindowText();
-    const bool right = (edit.Style() & SYStyleRightAlign) != 0;
-    if (edit.IsReadOnly()) {
-        canvas.Put(placed.row, placed.col, SYTermText::Fit(text, placed.cols, right),
-                   edit.IsWindowEnabled() ? SYTermAttr::Normal : SYTermAttr::Dim);
-        return;
-    }
-    const SYTermAttr attr = stateAttr(edit, focused, SYTermAttr::Underline);
-    if (edit.IsMultiLine()) {
-        const int caret = m_edits[edit.GetDlgCtrlID()].Caret(text);
-        const int first = std::max(0, caret / placed.cols - placed.rows + 1) * placed.cols;
-        for (int i = 0; i < placed.rows; ++i)
-            canvas.Put(
-                placed.row + i, placed.col,
-                SYTermText::Fit(SYTermText::Slice(text, first + i * placed.cols, placed.cols),
-                                placed.cols),
-                attr);
-        return;
-    }
-    SYTermLineEdit& line = m_edits[edit.GetDlgCtrlID()];
-    const int first = line.FirstShown(text, placed.cols);
-    const std::string shown = SYTermText::Slice(text, first, placed.cols);
-    const bool rightAligned = right && first == 0;
-    canvas.Put(placed.row, placed.col, SYTermText::Fit(shown, placed.cols, rightAligned), attr);
-    // A selected text stands out of the focused field the other way round.
-    if (focused && line.AllSelected()) {
-        const int start = rightAligned ? placed.cols - SYTermText::Width(shown) : 0;
-        canvas.Put(placed.row, placed.col + std::max(0, start), shown, SYTermAttr::Normal);
-    }
-}
-
-void SYTermDialogView::DrawDate(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    const auto& editor = static_cast<const SYDateTimeEdit&>(*placed.wnd);
-    canvas.Put(placed.row, placed.col, SYTermText::Fit(editor.DisplayText(), placed.cols),
-               stateAttr(editor, focused, SYTermAttr::Underline));
-}
-
-void SYTermDialogView::DrawList(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    const auto& list = static_cast<const SYListCtrlEx&>(*placed.wnd);
-    const bool enabled = list.IsWindowEnabled();
-    auto putRow = [&](int row, auto cellOf, SYTermAttr attr) {
-        std::string line;
-        for (int column = 0; column < list.GetColumnCount(); ++column) {
-            const int width = cellsAcross(list.GetColWidth(column));
-            if (width <= 0)
-                continue;
-            const bool rightAligned = list.GetColFormat(column) == SYAlignRight;
-            line += SYTermText::Fit(cellOf(column), width - 1, rightAligned) + " ";
-        }
-        canvas.Put(row, placed.col, SYTermText::Fit(line, placed.cols), attr);
-    };
-    putRow(
-        placed.row, [&](int column) { return list.GetColumnTitle(column); },
-        enabled ? SYTermAttr::Bold : SYTermAttr::Dim);
-    canvas.Fill(placed.row + 1, placed.col, placed.rows - 1, placed.cols, SYTermAttr::Normal);
-    for (int i = 0; i + 1 < placed.rows; ++i) {
-        const int row = list.GetTopIndex() + i;
-        if (row >= list.GetItemCount())
-            break;
-        const bool selected = list.GetItemState(row, LVIS_SELECTED) != 0;
-        const SYTermAttr attr = !enabled   ? SYTermAttr::Dim
-                                : selected ? SYTermAttr::Reverse
-                                : focused && list.GetItemState(row, LVIS_FOCUSED) != 0
-                                    ? SYTermAttr::Underline
-                                    : SYTermAttr::Normal;
-        putRow(
-            placed.row + 1 + i, [&](int column) { return list.GetItemText(row, column); }, attr);
-    }
-}
-
-void SYTermDialogView::DrawTree(SYTermCanvas& canvas, const Placed& placed, bool /*focused*/) {
-    const auto& tree = static_cast<const SYTreeCtrlEx&>(*placed.wnd);
-    const std::vector<TreeLine> lines = shownNodes(tree);
-    const int top = m_treeTops[placed.wnd->GetDlgCtrlID()];
-    canvas.Fill(placed.row, placed.col, placed.rows, placed.cols, SYTermAttr::Normal);
-    for (int i = 0; i < placed.rows && top + i < static_cast<int>(lines.size()); ++i) {
-        const TreeLine& line = lines[static_cast<std::size_t>(top + i)];
-        const char* mark = !tree.ItemHasChildren(line.node) ? "  "
-                           : tree.ItemExpanded(line.node)   ? "- "
-                                                            : "+ ";
-        const std::string text = std::string(static_cast<std::size_t>(2 * line.depth), ' ') + mark +
-                                 tree.GetItemText(line.node);
-        const bool selected = line.node == tree.GetSelectedItem();
-        canvas.Put(placed.row + i, placed.col, SYTermText::Fit(text, placed.cols),
-                   selected ? SYTermAttr::Reverse : SYTermAttr::Normal);
-    }
-}
-
-std::vector<std::pair<int, int>> SYTermDialogView::TabSpans() const {
-    std::vector<std::pair<int, int>> spans;
-    int col = 0;
-    for (int i = 0; m_sheet != nullptr && i < m_sheet->GetPageCount(); ++i) {
-        const int width = SYTermText::Width(m_sheet->GetPage(i)->GetTitle()) + 2;
-        spans.emplace_back(col, width);
-        col += width + 1;
-    }
-    return spans;
-}
-
-void SYTermDialogView::DrawTabs(SYTermCanvas& canvas, const Placed& placed, bool focused) {
-    const std::vector<std::pair<int, int>> spans = TabSpans();
-    for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
-        const std::string title = m_sheet->GetPage(i)->GetTitle();
-        const bool active = i == m_sheet->GetActiveIndex();
-        const SYTermAttr attr = !active   ? SYTermAttr::Normal
-                                : focused ? SYTermAttr::Reverse
-                                          : SYTermAttr::Bold;
-        canvas.Put(placed.row, placed.col + spans[static_cast<std::size_t>(i)].first,
-                   active ? "[" + title + "]" : " " + title + " ", attr);
-    }
 }
 
 void SYTermDialogView::Click(int key) {
@@ -848,7 +534,7 @@ void SYTermDialogView::ClickOn(const Placed& placed, int row, int col, bool twic
             return;
         }
         for (int column = 0, left = 0; column < list.GetColumnCount(); ++column) {
-            left += cellsAcross(list.GetColWidth(column));
+            left += Painter::CellsAcross(list.GetColWidth(column));
             if (col < left) {
                 list.ClickHeader(column);
                 return;
@@ -858,7 +544,7 @@ void SYTermDialogView::ClickOn(const Placed& placed, int row, int col, bool twic
     }
     case SYControlKind::TreeCtrl: {
         auto& tree = static_cast<SYTreeCtrlEx&>(wnd);
-        const std::vector<TreeLine> lines = shownNodes(tree);
+        const std::vector<Painter::TreeLine> lines = Painter::ShownNodes(tree);
         const int index = m_treeTops[wnd.GetDlgCtrlID()] + row;
         if (index < static_cast<int>(lines.size()))
             twice ? tree.ToggleItem(lines[static_cast<std::size_t>(index)].node)
@@ -866,7 +552,7 @@ void SYTermDialogView::ClickOn(const Placed& placed, int row, int col, bool twic
         return;
     }
     case SYControlKind::TabCtrl: {
-        const std::vector<std::pair<int, int>> spans = TabSpans();
+        const std::vector<std::pair<int, int>> spans = m_painter.TabSpans();
         for (int i = 0; i < static_cast<int>(spans.size()); ++i) {
             const auto [start, width] = spans[static_cast<std::size_t>(i)];
             if (col >= start && col < start + width)

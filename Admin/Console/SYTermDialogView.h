@@ -1,17 +1,18 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "SYTermDialogPainter.h"
 #include "SYTermLayer.h"
 #include "SYTermLineEdit.h"
 
 class CDialog;
 class CPropertySheet;
 class SYWnd;
-class SYTermCanvas;
 
 // A dialog or property sheet as the terminal shows it while it runs modal: its controls
 // drawn at the cells of their rectangles (a cell is 4 by 8 dialog units), centred on the
@@ -28,7 +29,8 @@ class SYTermCanvas;
 // Backspace, Delete, Left/Right and Home/End, its text selected when the focus comes to it;
 // a date/time editor takes digits field by field, Left/Right choose the field and Up/Down
 // step it. In a sheet Ctrl-PgUp/PgDn and Alt+1..9 bring a page to the front, and Left/Right
-// do on the focused tab strip. A click focuses and acts on the control under it.
+// do on the focused tab strip. A click focuses and acts on the control under it. The
+// controls themselves are drawn by SYTermDialogPainter.
 class SYTermDialogView : public SYTermLayer {
 public:
     explicit SYTermDialogView(CDialog& dialog);
@@ -37,31 +39,22 @@ public:
     void HandleKey(int key) override;
     bool Done() const override;
     void Abandon() override;
+    // What q asks for on a property sheet when no control takes it.
+    void SetQuitRequest(std::function<void()> request) { m_quitRequest = std::move(request); }
 
     // A visible control and its place in the dialog, in cells.
-    struct Placed {
-        SYWnd* wnd = nullptr;
-        int row = 0;
-        int col = 0;
-        int rows = 1;
-        int cols = 1;
-    };
+    using Placed = SYTermDialogPainter::Placed;
     // The visible controls in template order, the active page's before the sheet's own.
     std::vector<Placed> Controls() const;
     // The control with the keyboard focus, settling it first if the dialog lost it.
     SYWnd* Focused();
 
 private:
-    struct DateEntry {
-        int segment = 0;
-        std::string digits;
-    };
+    using DateEntry = SYTermDialogPainter::DateEntry;
 
     static bool Focusable(const SYWnd& wnd);
     void Click(int key);
     void ClickOn(const Placed& placed, int row, int col, bool twice);
-    // Where each tab of a sheet's strip begins and how wide it is.
-    std::vector<std::pair<int, int>> TabSpans() const;
     void Place(const SYWnd& parent, int row, int col, std::vector<Placed>& out) const;
     void SetFocusTo(SYWnd* wnd);
     void MoveFocus(int step);
@@ -78,27 +71,18 @@ private:
     bool RadioKey(SYWnd& wnd, int key);
     bool ButtonKey(SYWnd& wnd, int key);
 
-    // Marks on the frame where rows lie above or below the screen.
-    void DrawScrollMarks(SYTermScreen& screen, const SYTermCanvas& box, int rows);
-    void DrawControl(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawLabel(SYTermCanvas& canvas, const Placed& placed);
-    void DrawButton(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawEdit(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawDate(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawList(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawTree(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    void DrawTabs(SYTermCanvas& canvas, const Placed& placed, bool focused);
-    // The cells that must be in sight for the focused control: its caret or its selection.
-    void CaretOf(const Placed& placed, int& row, int& col);
     void ScrollToShow(int row, int col, int viewRows, int viewCols);
 
     CDialog& m_dialog;
     CPropertySheet* m_sheet;
+    std::function<void()> m_quitRequest;
     unsigned m_focusId = 0;
     bool m_haveFocusId = false;
     std::map<unsigned, SYTermLineEdit> m_edits;
     std::map<unsigned, DateEntry> m_dates;
     std::map<unsigned, int> m_treeTops;
+    // Declared after the state it lends.
+    SYTermDialogPainter m_painter;
     int m_scrollRow = 0;
     int m_scrollCol = 0;
     // Where the dialog's cell (0, 0) and its visible interior lay on the screen last drawn.

@@ -37,13 +37,24 @@ struct SYTermKeys {
     static constexpr int Click(int row, int col, bool twice = false) {
         return MouseBase | (twice ? DoubleBit : 0) | ((row & 0xFFF) << 12) | (col & 0xFFF);
     }
-    static constexpr bool IsClick(int key) { return (key & MouseBase) != 0; }
+    static constexpr bool IsClick(int key) { return (key & (MouseBase | WheelBit)) == MouseBase; }
     static constexpr bool IsDoubleClick(int key) { return (key & DoubleBit) != 0; }
     static constexpr int ClickRow(int key) { return (key >> 12) & 0xFFF; }
     static constexpr int ClickCol(int key) { return key & 0xFFF; }
+    // The wheel turned over a screen cell, down towards the end of what is shown or up; its
+    // cell reads as a click's.
+    static constexpr int Wheel(int row, int col, bool down) {
+        return MouseBase | WheelBit | (down ? DownBit : 0) | ((row & 0xFFF) << 12) | (col & 0xFFF);
+    }
+    static constexpr bool IsWheel(int key) {
+        return (key & (MouseBase | WheelBit)) == (MouseBase | WheelBit);
+    }
+    static constexpr bool IsWheelDown(int key) { return IsWheel(key) && (key & DownBit) != 0; }
 
 private:
     static constexpr int AltBase = 0x20000;
     static constexpr int MouseBase = 0x40000000;
     static constexpr int DoubleBit = 0x20000000;
+    static constexpr int WheelBit = 0x10000000;
+    static constexpr int DownBit = 0x08000000;
 };

@@ -2,10 +2,12 @@
 
 #include "SYTermDialogView.h"
 #include "SYTermFileDialogView.h"
+#include "SYTermKeys.h"
 #include "SYTermMessageBoxView.h"
 #include "SYTermScreen.h"
 #include "outside/widgets/CDialog.h"
 #include "outside/widgets/SYFileDialog.h"
+#include "outside/widgets/SYMessageBox.h"
 
 #include <curses.h>
 
@@ -25,20 +27,37 @@ void SYTermModalHost::Redraw() {
 void SYTermModalHost::Run(SYTermLayer& layer) {
     m_layers.push_back(&layer);
     while (!layer.Done()) {
+        if (m_quitting) {
+            layer.Abandon();
+            continue;
+        }
         Redraw();
         const int key = m_screen.ReadKey();
         if (key == -1)
             layer.Abandon();
-        else if (key != KEY_RESIZE)
+        // Dialogs take no wheel; they scroll to their focus.
+        else if (key != KEY_RESIZE && !SYTermKeys::IsWheel(key))
             layer.HandleKey(key);
     }
     m_layers.pop_back();
+    if (m_layers.empty())
+        m_quitting = false;
+}
+
+void SYTermModalHost::AskQuit() {
+    if (SYMessageBox::Show(nullptr, "Quit " + m_defaultCaption + "?", "",
+                           MB_YESNO | MB_ICONQUESTION) != IDYES)
+        return;
+    m_quitting = true;
+    m_quit();
 }
 
 int SYTermModalHost::RunModal(CDialog& dialog) {
     if (!dialog.BeginModal())
         return -1;
     SYTermDialogView view(dialog);
+    if (m_quit)
+        view.SetQuitRequest([this] { AskQuit(); });
     Run(view);
     return dialog.FinishModal();
 }

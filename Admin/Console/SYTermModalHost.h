@@ -19,6 +19,9 @@ public:
 
     // Draws what lies below the dialogs, the console's main screen; by default a blank one.
     void SetBackdrop(std::function<void()> backdrop) { m_backdrop = std::move(backdrop); }
+    // How the program quits; while one is set, q on a property sheet asks whether to quit,
+    // and a Yes closes everything open as Esc would before it quits.
+    void SetQuit(std::function<void()> quit) { m_quit = std::move(quit); }
     // Draws the backdrop and everything open, the last one on top.
     void Redraw();
     int OpenCount() const { return static_cast<int>(m_layers.size()); }
@@ -29,9 +32,12 @@ public:
 
 private:
     void Run(SYTermLayer& layer);
+    void AskQuit();
 
     SYTermScreen& m_screen;
     std::string m_defaultCaption;
     std::function<void()> m_backdrop;
+    std::function<void()> m_quit;
+    bool m_quitting = false;
     std::vector<SYTermLayer*> m_layers;
 };

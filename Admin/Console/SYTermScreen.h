@@ -27,4 +27,7 @@ public:
     virtual void Refresh() = 0;
     // Blocks until a key comes; an in-memory screen gives -1 once its queue is empty.
     virtual int ReadKey() = 0;
+    // Takes in, without waiting, the keys typed while long work runs, for ReadKey to give
+    // in order afterwards; a screen whose keys already wait in a queue has nothing to do.
+    virtual void TakeTypeahead() {}
 };

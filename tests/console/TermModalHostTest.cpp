@@ -208,6 +208,20 @@ TEST_F(TermHost, SheetPagesSwitchByKeysAndAHotkeyActsOnTheFrontPage) {
     EXPECT_EQ(sheet.RulesChanged(), 1);
 }
 
+TEST_F(TermHost, QOnASheetAsksWhetherToQuitAndClosesTheSheetOnYes) {
+    int quits = 0;
+    host.SetQuit([&] { ++quits; });
+    std::string question;
+    screen.Keys({'q'}).Then([&] { question = screen.Dump(); }).Keys({'n', 'q', 'y', Esc});
+    SYSWRuleConfigPropSheet sheet;
+    sheet.InvDataType = 1;
+    sheet.SetDatabase(&db);
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    EXPECT_NE(question.find("Quit Trellisview?"), std::string::npos) << question;
+    EXPECT_EQ(quits, 1);
+    EXPECT_EQ(screen.PendingKeys(), 1) << "No keeps the sheet open, Yes closes it at once";
+}
+
 TEST_F(TermHost, ClicksActOnTheControlUnderThem) {
     // Queues a click on where the text stands now; the reader is at the end of the queue.
     auto clickOn = [&](const std::string& text) {

@@ -9,6 +9,7 @@
 #include "navigation/SYAppItem.h"
 #include "outside/framework/CException.h"
 #include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYProgress.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/services/SYTextFormat.h"
@@ -344,7 +345,9 @@ template <class RowOf> void SYInvListCtrl::BuildRows(int keepScroll, RowOf rowOf
     DeleteAllItems();
     m_data.SortArray(m_sortColumn, m_sortAscending);
     std::string text;
+    SYProgress progress(SYProgress::FillingList, static_cast<std::size_t>(m_data.GetSize()));
     for (int i = 0; i < m_data.GetSize(); ++i) {
+        progress.Step();
         const SYListItem* record = m_data[i];
         if (record == nullptr)
             continue;

@@ -9,6 +9,7 @@
 #include "outside/framework/SYStatus.h"
 #include "outside/framework/SYString.h"
 #include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYProgress.h"
 #include "outside/services/SYReport.h"
 #include "outside/services/SYStringTable.h"
 #include "outside/services/SYTextFormat.h"
@@ -192,7 +193,9 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
     SYListItemArray apps;
     BuildAppData(apps, internal, ppc ? InvDataPPC : InvDataWindows);
     HTREEITEM reselect = nullptr;
+    SYProgress progress(SYProgress::OpeningCompany, static_cast<std::size_t>(apps.GetSize()));
     for (int i = 0; i < apps.GetSize(); ++i) {
+        progress.Step();
         const auto* app = static_cast<const SYAppItem*>(apps[i]);
         if (app == nullptr)
             continue;

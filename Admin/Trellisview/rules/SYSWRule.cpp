@@ -5,6 +5,7 @@
 #include "outside/framework/SYString.h"
 #include "outside/framework/SYTimeChecker.h"
 #include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYProgress.h"
 #include "outside/services/SYReport.h"
 #include "outside/store/SYSWRuleSet.h"
 #include "outside/store/SYSamData.h"
@@ -275,6 +276,7 @@ void SYSWRule::UpdateSamData() {
     SYSamData sam(Database);
     sam.InvDataType = InvDataType;
     sam.EstablishSystemRulesDb(m_installPath);
+    SYProgress progress(SYProgress::ApplyingRules, m_changedRules.size());
     for (const _SYSWRULE_INFO& change : m_changedRules) {
         switch (change.ChangeKind) {
         case RuleChangeAdd:
@@ -292,5 +294,6 @@ void SYSWRule::UpdateSamData() {
         default:
             break;
         }
+        progress.Step();
     }
 }

@@ -8,6 +8,8 @@
 #include "outside/services/SYPath.h"
 #include "outside/services/SYReport.h"
 
+class SYProgress;
+
 // A command posted to the main window; the console drains the queue.
 struct SYPostedCommand {
     unsigned message = 0;
@@ -30,6 +32,9 @@ private:
 class SYConsoleApp {
 public:
     using Reporter = std::function<void(const SYFailureReport&)>;
+    // Told the task of the outermost piece of long work and the whole percent done, each
+    // time that percent changes.
+    using ProgressSink = std::function<void(const std::string& task, int percent)>;
 
     void BeginWaitCursor() { ++m_waitCount; }
     void EndWaitCursor();
@@ -49,6 +54,13 @@ public:
     const std::vector<SYFailureReport>& Reports() const { return m_reports; }
     void ClearReports() { m_reports.clear(); }
 
+    void SetProgressSink(ProgressSink sink) { m_progressSink = std::move(sink); }
+    const ProgressSink& GetProgressSink() const { return m_progressSink; }
+    // Kept by SYProgress: the pieces of work under way, the outermost first.
+    void BeginProgress(const SYProgress& piece);
+    void EndProgress(const SYProgress& piece);
+    void ProgressMoved();
+
 private:
     int m_waitCount = 0;
     int m_canEditRules = 1;
@@ -56,6 +68,9 @@ private:
     SYPath m_installPath;
     Reporter m_reporter;
     std::vector<SYFailureReport> m_reports;
+    ProgressSink m_progressSink;
+    std::vector<const SYProgress*> m_progress;
+    int m_percentShown = -1;
 };
 
 SYConsoleApp& SYGetApp();

@@ -1,5 +1,6 @@
 #include "outside/store/SYInventoryClassifier.h"
 
+#include "outside/services/SYProgress.h"
 #include "outside/store/SYAppNames.h"
 #include "outside/store/SYDatabase.h"
 #include "outside/store/SYInventorySchema.h"
@@ -138,7 +139,9 @@ void SYInventoryClassifier::ReclassifyNames(const std::vector<std::string>& name
     for (const auto& name : names)
         CollectFiles(name, seen, rows);
     std::set<unsigned long> movedApps;
+    SYProgress progress(SYProgress::ApplyingRules, rows.size());
     for (const auto& row : rows) {
+        progress.Step();
         const Stored stored = Classify(row.file);
         if (stored == row.stored)
             continue;
