@@ -28,10 +28,12 @@ const char* const kAddInstallationsOfFile =
     "SELECT ?1, ?2, MachineID, Location FROM FileLocations WHERE FileID = ?3";
 
 // A file that leaves an application ends the installations of the folders where it was the
-// application's last file. Runs after the file's verdict is stored.
+// application's last file. Runs after the file's verdict is stored. The file's own folders
+// lead: an application left on every client may have more installations than the file has
+// folders, and most of its folders keep another file of it, so few installations are read.
 const char* const kEndInstallationsOfFile =
     "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID FROM "
-    "FileLocations l JOIN Installations i ON i.InvDataType = ?1 AND i.AppID = ?2 AND "
+    "FileLocations l CROSS JOIN Installations i ON i.InvDataType = ?1 AND i.AppID = ?2 AND "
     "i.MachineID = l.MachineID AND i.Location = l.Location WHERE l.FileID = ?3 AND NOT EXISTS "
     "(SELECT 1 FROM FileLocations o JOIN Files g ON g.FileID = o.FileID WHERE o.MachineID = "
     "l.MachineID AND o.Location = l.Location AND g.InvDataType = ?1 AND g.AppID = ?2))";
