@@ -157,9 +157,12 @@ void removeRule(Inventory& inv, std::uint32_t ruleID) {
 // transaction of its own, then in one more the file of that name decided by the most
 // specific active user rule, the application found, the file's verdict stored, an
 // installation made in every folder it lies in and the application marked installed.
+// Taking the rule away again is its mirror: the row retired, then the file decided by no
+// user nor system rule, so back to the verdict it had before (read once here), and the
+// installations ended where it was the application's last file.
 class RawApply {
 public:
-    explicit RawApply(sqlite3* db)
+    RawApply(sqlite3* db, std::int64_t fileID)
         : m_db(db), m_rules(db, "SELECT RuleID FROM SWRules WHERE InvDataType = 0"),
           m_insertRule(db, "INSERT INTO SWRules (InvDataType, RuleState, RuleType, FileName, "
                            "FileSize, FileTime, AppName, AppVersion, AppCompany, Comment) VALUES "
@@ -179,7 +182,30 @@ public:
                         "Location) SELECT 0, ?1, MachineID, Location FROM FileLocations WHERE "
                         "FileID = ?2"),
           m_flag(db, "UPDATE [Applications] SET AppInstalled = EXISTS (SELECT 1 FROM "
-                     "Installations WHERE InvDataType = 0 AND AppID = ?1) WHERE AppID = ?1") {}
+                     "Installations WHERE InvDataType = 0 AND AppID = ?1) WHERE AppID = ?1"),
+          m_rule(db, "SELECT RuleID, InvDataType, RuleState, RuleType, FileName, FileSize, "
+                     "FileTime, AppName, AppVersion, AppCompany, Comment FROM SWRules WHERE "
+                     "InvDataType = 0 AND RuleID = ?1"),
+          m_retire(db, "UPDATE SWRules SET RuleState = 3 WHERE RuleID = ?1"),
+          m_system(db, "SELECT RuleID, RuleType, FileSize, FileTime, AppName, AppCompany, "
+                       "AppVersion, Comment FROM sysrules.SystemRules WHERE InvDataType = 0 AND "
+                       "FileName = ?1 AND (FileSize IS NULL OR FileSize = ?2)"),
+          m_before(db, "SELECT FileState, RuleID, RuleSource FROM Files WHERE FileID = ?1"),
+          m_unverdict(db, "UPDATE Files SET FileState = ?1, RuleID = ?2, RuleSource = ?3, AppID "
+                          "= 0 WHERE FileID = ?4"),
+          m_end(db, "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID "
+                    "FROM FileLocations l CROSS JOIN Installations i ON i.InvDataType = 0 AND "
+                    "i.AppID = ?1 AND i.MachineID = l.MachineID AND i.Location = l.Location "
+                    "WHERE l.FileID = ?2 AND NOT EXISTS (SELECT 1 FROM FileLocations o JOIN "
+                    "Files g ON g.FileID = o.FileID WHERE o.MachineID = l.MachineID AND "
+                    "o.Location = l.Location AND g.InvDataType = 0 AND g.AppID = ?1))") {
+        sqlite3_bind_int64(m_before.get(), 1, fileID);
+        if (!m_before.Step())
+            throw std::runtime_error("the file has no verdict");
+        for (int c = 0; c < 3; ++c)
+            sqlite3_bind_value(m_unverdict.get(), c + 1, sqlite3_column_value(m_before.get(), c));
+        m_before.Reset();
+    }
 
     // Gives the rule's id, 0 on a failure.
     std::int64_t Apply() {
@@ -192,17 +218,8 @@ public:
         const std::int64_t ruleID = sqlite3_last_insert_rowid(m_db);
         if (sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
             return 0;
-        sqlite3_exec(m_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-        sqlite3_bind_int64(m_ruleName.get(), 1, ruleID);
-        Run(m_ruleName.get(), false);
-        sqlite3_bind_text(m_files.get(), 1, EverywhereName, -1, SQLITE_STATIC);
-        std::vector<std::pair<std::int64_t, std::int64_t>> files;
-        while (sqlite3_step(m_files.get()) == SQLITE_ROW)
-            files.emplace_back(sqlite3_column_int64(m_files.get(), 0),
-                               sqlite3_column_int64(m_files.get(), 2));
-        sqlite3_reset(m_files.get());
         std::int64_t appID = 0;
-        for (const auto& [fileID, size] : files) {
+        for (const auto& [fileID, size] : BeginOnFiles(ruleID)) {
             sqlite3_bind_text(m_user.get(), 1, EverywhereName, -1, SQLITE_STATIC);
             sqlite3_bind_int64(m_user.get(), 2, size);
             Run(m_user.get(), true);
@@ -227,7 +244,48 @@ public:
                    : 0;
     }
 
+    // Gives whether both transactions committed.
+    bool Remove(std::int64_t ruleID, std::int64_t appID) {
+        sqlite3_exec(m_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+        sqlite3_bind_int64(m_rule.get(), 1, ruleID);
+        Run(m_rule.get(), true);
+        sqlite3_bind_int64(m_retire.get(), 1, ruleID);
+        Run(m_retire.get(), false);
+        if (sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK)
+            return false;
+        for (const auto& [fileID, size] : BeginOnFiles(ruleID)) {
+            for (RawStatement* rules : {&m_user, &m_system}) {
+                sqlite3_bind_text(rules->get(), 1, EverywhereName, -1, SQLITE_STATIC);
+                sqlite3_bind_int64(rules->get(), 2, size);
+                Run(rules->get(), true);
+            }
+            sqlite3_bind_int64(m_unverdict.get(), 4, fileID);
+            Run(m_unverdict.get(), false);
+            sqlite3_bind_int64(m_end.get(), 1, appID);
+            sqlite3_bind_int64(m_end.get(), 2, fileID);
+            Run(m_end.get(), false);
+        }
+        sqlite3_bind_int64(m_flag.get(), 1, appID);
+        Run(m_flag.get(), false);
+        return sqlite3_exec(m_db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK;
+    }
+
 private:
+    // Opens the transaction that applies the rule and gives the files of its name with
+    // their sizes.
+    std::vector<std::pair<std::int64_t, std::int64_t>> BeginOnFiles(std::int64_t ruleID) {
+        sqlite3_exec(m_db, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+        sqlite3_bind_int64(m_ruleName.get(), 1, ruleID);
+        Run(m_ruleName.get(), false);
+        sqlite3_bind_text(m_files.get(), 1, EverywhereName, -1, SQLITE_STATIC);
+        std::vector<std::pair<std::int64_t, std::int64_t>> files;
+        while (sqlite3_step(m_files.get()) == SQLITE_ROW)
+            files.emplace_back(sqlite3_column_int64(m_files.get(), 0),
+                               sqlite3_column_int64(m_files.get(), 2));
+        sqlite3_reset(m_files.get());
+        return files;
+    }
+
     static void Run(sqlite3_stmt* statement, bool readAll) {
         while (sqlite3_step(statement) == SQLITE_ROW && readAll)
             for (int c = 0; c < sqlite3_column_count(statement); ++c)
@@ -237,12 +295,21 @@ private:
 
     sqlite3* m_db;
     RawStatement m_rules, m_insertRule, m_ruleName, m_files, m_user, m_app, m_verdict, m_install,
-        m_flag;
+        m_flag, m_rule, m_retire, m_system, m_before, m_unverdict, m_end;
 };
 
+// Sets name_ms, name_cpu_ms and name_best_ms: one side's times per round.
+void count(benchmark::State& state, const std::string& name, const Spent& spent) {
+    const auto rounds = static_cast<double>(state.iterations());
+    state.counters[name + "_ms"] = spent.wallSeconds / rounds * 1e3;
+    state.counters[name + "_cpu_ms"] = spent.cpuSeconds / rounds * 1e3;
+    state.counters[name + "_best_ms"] = spent.bestSeconds * 1e3;
+}
+
 // Identifying a file that lies on every PC, through the rule engine to the inventory,
-// committed, against the raw twin; each rule is taken away again, untimed, after its
-// round. Both must leave an installation on every PC.
+// committed, against the raw twin, and taking each rule away again the same way. Each must
+// leave an installation on every PC, and each removal none and the file without its
+// application.
 void BM_AddIdRuleOnEveryPCVsRaw(benchmark::State& state) {
     Inventory& inv = inventory(static_cast<int>(state.range(0)));
     const auto engineApply = [&inv]() -> std::uint32_t {
@@ -261,36 +328,51 @@ void BM_AddIdRuleOnEveryPCVsRaw(benchmark::State& state) {
         return rule.FileID();
     };
     // The application exists from a first identification on, for both sides alike.
-    removeRule(inv, engineApply());
-    RawApply raw(inv.db.Handle());
+    const std::uint32_t first = engineApply();
+    const std::string fileApp =
+        "SELECT AppID FROM Files WHERE FileID = " + std::to_string(inv.everywhere);
+    const long long appID = scalar(inv.db, fileApp);
+    removeRule(inv, first);
+    RawApply raw(inv.db.Handle(), inv.everywhere);
     const std::string installations =
-        "SELECT COUNT(*) FROM Installations i JOIN Files f ON f.AppID = i.AppID AND "
-        "f.InvDataType = i.InvDataType WHERE f.FileID = " +
-        std::to_string(inv.everywhere);
+        "SELECT COUNT(*) FROM Installations WHERE InvDataType = 0 AND AppID = " +
+        std::to_string(appID);
+    const auto removed = [&] {
+        return scalar(inv.db, installations) == 0 && scalar(inv.db, fileApp) == 0;
+    };
     Spent store;
     Spent rawSide;
+    Spent storeRemove;
+    Spent rawRemove;
     for (auto _ : state) {
         const std::uint32_t storeRule = timed(store, engineApply);
-        const bool storeRight = storeRule != 0 && scalar(inv.db, installations) == inv.pcs;
-        removeRule(inv, storeRule);
+        const bool storeAdded = storeRule != 0 && scalar(inv.db, installations) == inv.pcs;
+        timed(storeRemove, [&] {
+            removeRule(inv, storeRule);
+            return true;
+        });
+        const bool storeRemoved = removed();
 
         const std::int64_t rawRule = timed(rawSide, [&raw] { return raw.Apply(); });
-        const bool rawRight = rawRule != 0 && scalar(inv.db, installations) == inv.pcs;
-        removeRule(inv, static_cast<std::uint32_t>(rawRule));
-        if (!storeRight || !rawRight) {
+        const bool rawAdded = rawRule != 0 && scalar(inv.db, installations) == inv.pcs;
+        const bool rawRemoved =
+            timed(rawRemove, [&] { return raw.Remove(rawRule, appID); }) && removed();
+        if (!storeAdded || !rawAdded) {
             state.SkipWithError("an identification left a PC without its installation");
             break;
         }
+        if (!storeRemoved || !rawRemoved) {
+            state.SkipWithError("taking the rule away left an installation or the verdict");
+            break;
+        }
     }
-    const auto rounds = static_cast<double>(state.iterations());
     state.counters["locations"] = inv.pcs;
-    state.counters["store_ms"] = store.wallSeconds / rounds * 1e3;
-    state.counters["raw_ms"] = rawSide.wallSeconds / rounds * 1e3;
-    state.counters["store_cpu_ms"] = store.cpuSeconds / rounds * 1e3;
-    state.counters["raw_cpu_ms"] = rawSide.cpuSeconds / rounds * 1e3;
-    state.counters["store_best_ms"] = store.bestSeconds * 1e3;
-    state.counters["raw_best_ms"] = rawSide.bestSeconds * 1e3;
+    count(state, "store", store);
+    count(state, "raw", rawSide);
+    count(state, "remove_store", storeRemove);
+    count(state, "remove_raw", rawRemove);
     state.counters["ratio"] = store.wallSeconds / rawSide.wallSeconds;
+    state.counters["remove_ratio"] = storeRemove.wallSeconds / rawRemove.wallSeconds;
 }
 
 BENCHMARK(BM_AppFileLoadData)->Arg(10000)->Unit(benchmark::kMicrosecond);
