@@ -159,7 +159,8 @@ void removeRule(Inventory& inv, std::uint32_t ruleID) {
 // installation made in every folder it lies in and the application marked installed.
 // Taking the rule away again is its mirror: the row retired, then the file decided by no
 // user nor system rule, so back to the verdict it had before (read once here), and the
-// installations ended where it was the application's last file.
+// installations ended: all of them when the application keeps no file, else those where it
+// was the application's last file.
 class RawApply {
 public:
     RawApply(sqlite3* db, std::int64_t fileID)
@@ -198,7 +199,9 @@ public:
                     "i.AppID = ?1 AND i.MachineID = l.MachineID AND i.Location = l.Location "
                     "WHERE l.FileID = ?2 AND NOT EXISTS (SELECT 1 FROM FileLocations o JOIN "
                     "Files g ON g.FileID = o.FileID WHERE o.MachineID = l.MachineID AND "
-                    "o.Location = l.Location AND g.InvDataType = 0 AND g.AppID = ?1))") {
+                    "o.Location = l.Location AND g.InvDataType = 0 AND g.AppID = ?1))"),
+          m_keeps(db, "SELECT EXISTS (SELECT 1 FROM Files WHERE InvDataType = 0 AND AppID = ?1)"),
+          m_endApp(db, "DELETE FROM Installations WHERE InvDataType = 0 AND AppID = ?1") {
         sqlite3_bind_int64(m_before.get(), 1, fileID);
         if (!m_before.Step())
             throw std::runtime_error("the file has no verdict");
@@ -261,9 +264,14 @@ public:
             }
             sqlite3_bind_int64(m_unverdict.get(), 4, fileID);
             Run(m_unverdict.get(), false);
-            sqlite3_bind_int64(m_end.get(), 1, appID);
-            sqlite3_bind_int64(m_end.get(), 2, fileID);
-            Run(m_end.get(), false);
+            sqlite3_bind_int64(m_keeps.get(), 1, appID);
+            const bool keeps = m_keeps.Step() && sqlite3_column_int64(m_keeps.get(), 0) != 0;
+            m_keeps.Reset();
+            RawStatement& end = keeps ? m_end : m_endApp;
+            sqlite3_bind_int64(end.get(), 1, appID);
+            if (keeps)
+                sqlite3_bind_int64(end.get(), 2, fileID);
+            Run(end.get(), false);
         }
         sqlite3_bind_int64(m_flag.get(), 1, appID);
         Run(m_flag.get(), false);
@@ -295,7 +303,7 @@ private:
 
     sqlite3* m_db;
     RawStatement m_rules, m_insertRule, m_ruleName, m_files, m_user, m_app, m_verdict, m_install,
-        m_flag, m_rule, m_retire, m_system, m_before, m_unverdict, m_end;
+        m_flag, m_rule, m_retire, m_system, m_before, m_unverdict, m_end, m_keeps, m_endApp;
 };
 
 // Sets name_ms, name_cpu_ms and name_best_ms: one side's times per round.

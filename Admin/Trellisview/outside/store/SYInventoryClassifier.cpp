@@ -38,6 +38,13 @@ const char* const kEndInstallationsOfFile =
     "(SELECT 1 FROM FileLocations o JOIN Files g ON g.FileID = o.FileID WHERE o.MachineID = "
     "l.MachineID AND o.Location = l.Location AND g.InvDataType = ?1 AND g.AppID = ?2))";
 
+// An application left without any file has no installation left either: they end in one
+// run of its index, without looking into each folder.
+const char* const kAppKeepsFiles =
+    "SELECT EXISTS (SELECT 1 FROM Files WHERE InvDataType = ?1 AND AppID = ?2)";
+const char* const kEndInstallationsOfApp =
+    "DELETE FROM Installations WHERE InvDataType = ?1 AND AppID = ?2";
+
 std::int64_t toInt(unsigned long value) {
     return static_cast<std::int64_t>(value);
 }
@@ -180,8 +187,21 @@ void SYInventoryClassifier::MoveInstallations(unsigned long fileID, unsigned lon
     };
     if (toAppID != 0)
         run(kAddInstallationsOfFile, toAppID);
-    if (fromAppID != 0)
+    if (fromAppID == 0)
+        return;
+    if (KeepsFiles(fromAppID)) {
         run(kEndInstallationsOfFile, fromAppID);
+        return;
+    }
+    auto end = m_database.Cached(kEndInstallationsOfApp);
+    end->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(fromAppID));
+    end->Execute();
+}
+
+bool SYInventoryClassifier::KeepsFiles(unsigned long appID) {
+    auto find = m_database.Cached(kAppKeepsFiles);
+    find->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(appID));
+    return find->Step() && find->Int64(0) != 0;
 }
 
 void SYInventoryClassifier::RefreshInstalled(const std::set<unsigned long>& appIDs) {
