@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -28,8 +29,14 @@ std::string kindAndVersion(const std::string& path) {
     return (kind.Step() ? kind.Text(0) : "none") + " " + (version.Step() ? version.Text(0) : "");
 }
 
-void upgradeFrom(int version, const std::string& oldInstallations) {
-    SCOPED_TRACE("version " + std::to_string(version));
+struct OldStore {
+    int version;
+    const char* change;          // what turns a store of today into one of that version
+    std::int64_t installationID; // the id its installation has after the upgrade
+};
+
+void upgradeFrom(const OldStore& old) {
+    SCOPED_TRACE("version " + std::to_string(old.version));
     TempDir dir;
     const std::string path = dir.File("old.db");
     {
@@ -41,10 +48,11 @@ void upgradeFrom(int version, const std::string& oldInstallations) {
         writer.AddFile(0, pc, "C:\\Tool", {"tool.dll", 1, 60, "Tool", "1", "Acme"});
         writer.Commit();
         // Location ids apart from the ids the writer gave, to tell which the upgrade keeps.
-        db.Exec("UPDATE FileLocations SET LocationID = LocationID + 40; DROP TABLE "
-                "Installations; DROP INDEX SWRulesActiveByName; " +
-                oldInstallations + "; PRAGMA user_version = " + std::to_string(version));
+        db.Exec(std::string("UPDATE FileLocations SET LocationID = LocationID + 40; ") +
+                old.change + "; PRAGMA user_version = " + std::to_string(old.version));
     }
+    const std::string current = "table " + std::to_string(SYInventorySchema::Version);
+    const std::string before = kindAndVersion(path);
     int failures = 0;
     bool upgraded = false; // a failure past the upgrade's commit keeps the upgrade
     for (int nth = 1; nth < 50; ++nth) {
@@ -57,52 +65,55 @@ void upgradeFrom(int version, const std::string& oldInstallations) {
             // A failure after the upgrade committed (the journal switch) leaves it upgraded,
             // never half done.
             const std::string state = kindAndVersion(path);
-            upgraded |= state == "table 3";
-            EXPECT_EQ(state, upgraded
-                                 ? "table 3"
-                                 : (version == 1 ? "table " : "view ") + std::to_string(version))
-                << "failure at statement " << nth;
+            upgraded |= state == current;
+            EXPECT_EQ(state, upgraded ? current : before) << "failure at statement " << nth;
             continue;
         }
         db.ClearFault();
-        EXPECT_EQ(kindAndVersion(path), "table 3");
         SYStatement rows(db, "SELECT InstallationID, Location FROM Installations");
         ASSERT_TRUE(rows.Step());
-        EXPECT_EQ(rows.Int64(0), 41); // the lowest location of the application there
+        EXPECT_EQ(rows.Int64(0), old.installationID);
         EXPECT_EQ(rows.Text(1), "C:\\Tool");
         EXPECT_FALSE(rows.Step());
-        EXPECT_EQ(Scalar(db, "SELECT COUNT(*) FROM sqlite_master WHERE name = "
-                             "'SWRulesActiveByName'"),
-                  1);
+        SYStatement indexes(db, "SELECT group_concat(name) FROM sqlite_master WHERE name IN "
+                                "('SWRulesActiveByName', 'InstallationsByMachine')");
+        ASSERT_TRUE(indexes.Step());
+        EXPECT_EQ(indexes.Text(0), "SWRulesActiveByName");
         EXPECT_FALSE(db.HaveTable("RIM Applications"));
-        SYStatement mode(db, "PRAGMA journal_mode");
-        ASSERT_TRUE(mode.Step());
-        EXPECT_EQ(mode.Text(0), "wal");
         break;
     }
+    EXPECT_EQ(kindAndVersion(path), current);
     EXPECT_GT(failures, 2);
     EXPECT_THROW(SYDatabase().Create(path), CDBException);
 }
 
 // Version 1 kept installations in a table its writers let go stale, version 2 derived them
-// in a view; opening either makes the table again from the files, in one step that a
+// in a view; opening either makes the table again from the files, under the lowest
+// location of the application there. Version 3 stored them as today, with an index by
+// client besides: its installations keep their ids. Each upgrade is one step that a
 // failure leaves undone.
-TEST(SYDatabase, CreatedStoreOfVersion1Or2OpensUpgradedInWalMode) {
-    const struct {
-        int version;
-        const char* oldInstallations;
-    } olds[] = {
-        {1, "CREATE TABLE Installations (InstallationID INTEGER PRIMARY KEY, InvDataType "
-            "INTEGER NOT NULL, AppID INTEGER NOT NULL, MachineID INTEGER NOT NULL, Location "
-            "TEXT NOT NULL); INSERT INTO Installations VALUES (7, 0, 1, 1, 'C:\\Tool'), (8, "
-            "0, 99, 1, 'C:\\Stale')"},
-        {2, "CREATE VIEW Installations AS SELECT MIN(l.LocationID) AS InstallationID, "
-            "f.InvDataType AS InvDataType, f.AppID AS AppID, l.MachineID AS MachineID, "
-            "l.Location AS Location FROM Files f JOIN FileLocations l ON l.FileID = f.FileID "
-            "WHERE f.AppID <> 0 GROUP BY f.InvDataType, f.AppID, l.MachineID, l.Location"},
+TEST(SYDatabase, CreatedStoreOfAnOlderVersionOpensUpgraded) {
+    const OldStore olds[] = {
+        {1,
+         "DROP TABLE Installations; DROP INDEX SWRulesActiveByName; CREATE TABLE Installations "
+         "(InstallationID INTEGER PRIMARY KEY, InvDataType INTEGER NOT NULL, AppID INTEGER NOT "
+         "NULL, MachineID INTEGER NOT NULL, Location TEXT NOT NULL); INSERT INTO Installations "
+         "VALUES (7, 0, 1, 1, 'C:\\Tool'), (8, 0, 99, 1, 'C:\\Stale')",
+         41},
+        {2,
+         "DROP TABLE Installations; DROP INDEX SWRulesActiveByName; CREATE VIEW Installations "
+         "AS SELECT MIN(l.LocationID) AS InstallationID, f.InvDataType AS InvDataType, f.AppID "
+         "AS AppID, l.MachineID AS MachineID, l.Location AS Location FROM Files f JOIN "
+         "FileLocations l ON l.FileID = f.FileID WHERE f.AppID <> 0 GROUP BY f.InvDataType, "
+         "f.AppID, l.MachineID, l.Location",
+         41},
+        {3,
+         "UPDATE Installations SET InstallationID = 7; CREATE INDEX InstallationsByMachine ON "
+         "Installations (MachineID)",
+         7},
     };
     for (const auto& old : olds)
-        upgradeFrom(old.version, old.oldInstallations);
+        upgradeFrom(old);
 }
 
 TEST(SYTransaction, OnlyCommittedWorkStaysAndInnerOnesUndoAlone) {

@@ -117,7 +117,7 @@ TEST_F(Installations, JoinedRowsTellPlaceApplicationAndInstallationOfTheirInvent
     EXPECT_EQ(rows(1, ce, true), std::vector<std::string>{"readme.txt \\Windows  0"});
 }
 
-// Installations are read by application, id or client through their own indexes; active
+// Installations are read by application or id through their own indexes; active
 // rules are found past retired ones.
 TEST(SYInventorySchema, ReadsUseTheirIndexes) {
     SYDatabase db;
@@ -129,7 +129,6 @@ TEST(SYInventorySchema, ReadsUseTheirIndexes) {
         {"SELECT COUNT(*) FROM Installations WHERE InvDataType = 0 AND AppID = 1",
          {"InstallationsByApp (InvDataType=? AND AppID=?)"}},
         {"SELECT * FROM Installations WHERE InstallationID = 3", {"(rowid=?)"}},
-        {"SELECT * FROM Installations WHERE MachineID = 2", {"InstallationsByMachine"}},
         {"SELECT RuleID FROM SWRules WHERE InvDataType = 0 AND FileName = 'a.dll' AND "
          "RuleState <> 3",
          {"SWRulesActiveByName (InvDataType=? AND FileName=?)"}},

@@ -29,13 +29,22 @@ const char* const kAddInstallationsOfFile =
     "SELECT ?1, ?2, MachineID, Location FROM FileLocations WHERE FileID = ?3";
 
 // A file that leaves an application ends the installations of the folders where it was the
-// application's last file. Runs after the file's verdict is stored.
+// application's last file. Runs after the file's verdict is stored. The file's own folders
+// lead: an application left on every client may have more installations than the file has
+// folders, and most of its folders keep another file of it, so few installations are read.
 const char* const kEndInstallationsOfFile =
     "DELETE FROM Installations WHERE InstallationID IN (SELECT i.InstallationID FROM "
-    "FileLocations l JOIN Installations i ON i.InvDataType = ?1 AND i.AppID = ?2 AND "
+    "FileLocations l CROSS JOIN Installations i ON i.InvDataType = ?1 AND i.AppID = ?2 AND "
     "i.MachineID = l.MachineID AND i.Location = l.Location WHERE l.FileID = ?3 AND NOT EXISTS "
     "(SELECT 1 FROM FileLocations o JOIN Files g ON g.FileID = o.FileID WHERE o.MachineID = "
     "l.MachineID AND o.Location = l.Location AND g.InvDataType = ?1 AND g.AppID = ?2))";
+
+// An application left without any file has no installation left either: they end in one
+// run of its index, without looking into each folder.
+const char* const kAppKeepsFiles =
+    "SELECT EXISTS (SELECT 1 FROM Files WHERE InvDataType = ?1 AND AppID = ?2)";
+const char* const kEndInstallationsOfApp =
+    "DELETE FROM Installations WHERE InvDataType = ?1 AND AppID = ?2";
 
 std::int64_t toInt(unsigned long value) {
     return static_cast<std::int64_t>(value);
@@ -181,8 +190,21 @@ void SYInventoryClassifier::MoveInstallations(unsigned long fileID, unsigned lon
     };
     if (toAppID != 0)
         run(kAddInstallationsOfFile, toAppID);
-    if (fromAppID != 0)
+    if (fromAppID == 0)
+        return;
+    if (KeepsFiles(fromAppID)) {
         run(kEndInstallationsOfFile, fromAppID);
+        return;
+    }
+    auto end = m_database.Cached(kEndInstallationsOfApp);
+    end->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(fromAppID));
+    end->Execute();
+}
+
+bool SYInventoryClassifier::KeepsFiles(unsigned long appID) {
+    auto find = m_database.Cached(kAppKeepsFiles);
+    find->Bind(1, std::int64_t{m_invDataType}).Bind(2, toInt(appID));
+    return find->Step() && find->Int64(0) != 0;
 }
 
 void SYInventoryClassifier::RefreshInstalled(const std::set<unsigned long>& appIDs) {

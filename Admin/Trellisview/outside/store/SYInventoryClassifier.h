@@ -56,6 +56,8 @@ private:
                       std::vector<FileRow>& rows);
     void StoreVerdict(unsigned long fileID, const Stored& stored);
     void MoveInstallations(unsigned long fileID, unsigned long fromAppID, unsigned long toAppID);
+    // Whether a file of the application is left, under its stored verdict.
+    bool KeepsFiles(unsigned long appID);
     void RefreshInstalled(const std::set<unsigned long>& appIDs);
 
     SYDatabase& m_database;

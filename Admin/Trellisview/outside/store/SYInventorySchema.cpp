@@ -130,8 +130,10 @@ CREATE INDEX SWRulesActiveByName ON SWRules (InvDataType, FileName, FileSize)
 }
 
 // Version 3 stores installations, so that an installation keeps its id while files move
-// around it and reads by id, application or client are index lookups. AUTOINCREMENT keeps
-// an ended installation's id from naming a later one.
+// around it and reads by id or application are index lookups. AUTOINCREMENT keeps an ended
+// installation's id from naming a later one. A rule on a file that lies on every client
+// writes one run of rows in each of these b-trees; version 3 also had an index by client,
+// which took one insert per client spread over all its pages and served no read.
 const char* const kInstallationsTable = R"sql(
 CREATE TABLE Installations (
     InstallationID INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -141,7 +143,6 @@ CREATE TABLE Installations (
     Location TEXT NOT NULL);
 CREATE UNIQUE INDEX InstallationsByApp
     ON Installations (InvDataType, AppID, MachineID, Location);
-CREATE INDEX InstallationsByMachine ON Installations (MachineID);
 )sql";
 
 // The installations a store of version 1 or 2 implies: one per application and folder on a
@@ -216,6 +217,16 @@ void checkStamp(SYDatabase& database, const std::string& schema, const std::stri
         throw CDBException(26, "\"" + path + "\" is " + kind + " without a schema version.");
 }
 
+// Version 1 kept installations in a table its writers did not keep in line with rules,
+// version 2 derived them in a view; both are made again from the files.
+void deriveInstallations(SYDatabase& database, std::int64_t version) {
+    database.Exec(version == 1 ? "DROP TABLE IF EXISTS Installations"
+                               : "DROP VIEW IF EXISTS Installations");
+    database.Exec(version2Schema());
+    database.Exec(kInstallationsTable);
+    database.Exec(kDeriveInstallations);
+}
+
 } // namespace
 
 void SYInventorySchema::Create(SYDatabase& database, bool withRIMTables) {
@@ -236,13 +247,10 @@ void SYInventorySchema::Upgrade(SYDatabase& database) {
     if (version >= Version)
         return;
     SYTransaction transaction(database);
-    // Version 1 kept installations in a table its writers did not keep in line with rules,
-    // version 2 derived them in a view; both are made again from the files.
-    database.Exec(version == 1 ? "DROP TABLE IF EXISTS Installations"
-                               : "DROP VIEW IF EXISTS Installations");
-    database.Exec(version2Schema());
-    database.Exec(kInstallationsTable);
-    database.Exec(kDeriveInstallations);
+    if (version < 3)
+        deriveInstallations(database, version);
+    // Version 3's stored installations keep their ids; only the index by client goes.
+    database.Exec("DROP INDEX IF EXISTS InstallationsByMachine");
     stamp(database, ApplicationID, Version);
     transaction.Commit();
 }

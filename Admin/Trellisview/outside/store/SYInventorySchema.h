@@ -5,7 +5,7 @@
 
 class SYDatabase;
 
-// The inventory schema, version 3 (PRAGMA user_version; PRAGMA application_id marks the
+// The inventory schema, version 4 (PRAGMA user_version; PRAGMA application_id marks the
 // file as an inventory). Clients, files and rules:
 //
 //   Machines        MachineID, MachineName, MachineUser: Windows PCs.
@@ -26,7 +26,8 @@ class SYDatabase;
 //                   lies, kept by the inventory writer and the rule service as files come
 //                   and move. Its id stays while the application keeps a file there and is
 //                   never given again. Version 1 had the table unmaintained, version 2 a
-//                   view under the lowest LocationID of those files.
+//                   view under the lowest LocationID of those files, version 3 an index
+//                   by client as well.
 //   SWRules         the user rules. RuleID never comes back once used. A row in
 //                   RuleStateRemoved is retired for good: kept for history, never active,
 //                   never deleted by the store (see SYSWRuleSet); an index of the active
@@ -43,7 +44,7 @@ class SYDatabase;
 // AppVersion, AppCompany, Comment.
 class SYInventorySchema {
 public:
-    static constexpr int Version = 3;
+    static constexpr int Version = 4;
     static constexpr std::int32_t ApplicationID = 0x5456494E;
     static constexpr int SystemRulesVersion = 1;
     static constexpr std::int32_t SystemRulesApplicationID = 0x54565352;
