@@ -24,8 +24,10 @@ const char* const kEndableSql =
 const char* const kLastInstallationSql =
     "SELECT COALESCE(MAX(InstallationID), 0) FROM Installations";
 
+// The unary + keeps the search on the id range; by the type alone it would walk every
+// installation of the inventory.
 const char* const kMadeSql = "SELECT AppID, MachineID, Location FROM Installations "
-                             "WHERE InstallationID > ? AND InvDataType = ?";
+                             "WHERE InstallationID > ? AND +InvDataType = ?";
 
 const char* const kInstallationSql = "SELECT 1 FROM Installations WHERE InstallationID = ?";
 
