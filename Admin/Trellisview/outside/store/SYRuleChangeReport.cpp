@@ -76,9 +76,12 @@ SYRuleChangeReport::Snapshot SYRuleChangeReport::Take(SYDatabase& database,
     for (const std::string& name : m_names) {
         auto endable = database.Cached(kEndableSql);
         endable->Bind(1, std::int64_t{invDataType}).Bind(2, name);
-        while (endable->Step())
-            snapshot.endable.emplace(endable->Int64(0),
-                                     Place{endable->Int64(1), endable->Int64(2), endable->Text(3)});
+        // Files of many names share folders: each installation is read once.
+        while (endable->Step()) {
+            const auto [slot, added] = snapshot.endable.try_emplace(endable->Int64(0));
+            if (added)
+                slot->second = {endable->Int64(1), endable->Int64(2), endable->Text(3)};
+        }
         endable->Reset();
     }
     auto last = database.Cached(kLastInstallationSql);
