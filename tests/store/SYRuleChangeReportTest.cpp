@@ -59,6 +59,28 @@ TEST_F(RuleChangeReportTest, CountsWhatTheApplyChangesAndAPreviewKeepsNothing) {
     }
 }
 
+// Ignoring tool.exe ends Tool's installation in D:\Other, where readme.txt, identified as
+// Tool by the same write, makes one anew: the place keeps Tool, so Tool neither gains nor
+// loses.
+TEST_F(RuleChangeReportTest, AnInstallationEndedAndMadeAgainInOneWriteIsNoChange) {
+    SYInventoryWriter writer(db);
+    writer.AddFile(0, pc2, "D:\\Other", {"readme.txt", 30, 600, "", "", ""});
+    writer.Commit();
+    for (const bool commit : {false, true}) {
+        SYRuleChangeReport report;
+        report.AddName("tool.exe");
+        report.AddName("readme.txt");
+        ASSERT_TRUE(report.Run(db, 0, commit, [&] {
+            Apply(1, "tool.exe");
+            Apply(0, "readme.txt", "Tool", "Acme", "1.0");
+            return true;
+        }));
+        EXPECT_EQ(report.Files(), 2);
+        EXPECT_EQ(report.Clients(), 2);
+        EXPECT_EQ(byName(report), (std::map<std::string, AppCounts>{}));
+    }
+}
+
 TEST_F(RuleChangeReportTest, AFailedWriteOrApplyLeavesTheStoreAsItWas) {
     const std::string before = DumpStore(db);
     SYRuleChangeReport report;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -11,8 +12,10 @@ class SYDatabase;
 // What a rule change does to one inventory (InvDataType 0 or 1): the files whose verdict
 // (state or application) changes, the clients that hold them, and the applications that gain
 // or lose installations. Run wraps the write and its apply in one transaction and compares
-// the rows of the named files and the installations in their folders before and after; a
-// preview rolls the same transaction back, so it reports exactly what the write does.
+// the verdicts of the named files before and after; a preview rolls the same transaction
+// back, so it reports exactly what the write does. Installations are compared where they can
+// change, not read whole: the apply only makes new ones (their ids come after every earlier
+// id) and ends those of the named files' applications in the folders the files lie in.
 class SYRuleChangeReport {
 public:
     struct AppChange {
@@ -45,19 +48,27 @@ private:
         std::int64_t appID;
         auto operator<=>(const Verdict&) const = default;
     };
-    struct Installation {
+    // An application in a folder on a client: where an installation stands.
+    struct Place {
         std::int64_t appID;
         std::int64_t machineID;
         std::string location;
-        auto operator<=>(const Installation&) const = default;
+        auto operator<=>(const Place&) const = default;
     };
     struct Snapshot {
         std::set<Verdict> verdicts;
-        std::set<Installation> installations;
+        // The installations the apply could end, by id.
+        std::map<std::int64_t, Place> endable;
+        // Every installation made after it has a greater id.
+        std::int64_t lastInstallationID = 0;
     };
 
+    std::set<Verdict> Verdicts(SYDatabase& database, unsigned char invDataType) const;
     Snapshot Take(SYDatabase& database, unsigned char invDataType) const;
-    void Compare(SYDatabase& database, const Snapshot& before, const Snapshot& after);
+    void CountFiles(SYDatabase& database, const std::set<Verdict>& before,
+                    const std::set<Verdict>& after);
+    void CountInstallations(SYDatabase& database, unsigned char invDataType,
+                            const Snapshot& before);
     void NameApps(SYDatabase& database, unsigned char invDataType);
 
     std::string m_installPath;
