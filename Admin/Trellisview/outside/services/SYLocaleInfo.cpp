@@ -20,7 +20,9 @@ std::string SYLocaleInfo::FormatSigned(std::int64_t value) {
         return FormatUnsigned(static_cast<std::uint64_t>(value));
     // Negate in unsigned arithmetic so the smallest value stays defined.
     const std::uint64_t magnitude = 0 - static_cast<std::uint64_t>(value);
-    return "-" + FormatUnsigned(magnitude);
+    std::string text(1, '-');
+    text += FormatUnsigned(magnitude);
+    return text;
 }
 
 namespace {
