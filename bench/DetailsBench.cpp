@@ -1,20 +1,20 @@
-// The Windows application view and the installation details on a generated estate, each
-// beside the raw SQLite reads of the same rows on the same connection in the same run: the
-// ratio of a view benchmark to its raw twin is the figure to watch.
+// The Windows application view and the installation details on the realistic estate of 10,000
+// clients, each beside the raw SQLite reads of the same rows on the same connection in the same
+// run: the ratio of a view benchmark to its raw twin is the figure to watch.
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
+#include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
+#include "BenchEstate.h"
 #include "RawStatement.h"
 #include "RawViews.h"
 #include "details/SYAppInstDetailsDlg.h"
 #include "details/SYAppTabWnd.h"
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYInventoryGenerator.h"
 #include "outside/widgets/SYListCtrlEx.h"
 #include "outside/widgets/SYWnd.h"
 
@@ -22,23 +22,12 @@ namespace {
 
 constexpr int Clients = 10000;
 
-// The estate is made once, in a folder of its own that goes at exit, with the application
-// installed on the most PCs and the first of its installations.
-class Estate {
+// The realistic estate's store, opened once, with the application installed on the most PCs
+// and the first of its installations.
+class Inventory {
 public:
-    Estate() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "tvdetailsbench-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr)
-            std::abort();
-        m_folder = pattern;
-        SYInventoryGenerator::Options options;
-        options.seed = 11;
-        options.clients = Clients;
-        options.tailVendors = 200;
-        SYInventoryGenerator::CreateIfAbsent(m_folder + "/inventory.db", m_folder + "/install",
-                                             options);
-        m_db.Open(m_folder + "/inventory.db");
+    Inventory() {
+        m_db.Open(Estate(Clients).database);
         RawStatement app(Raw(), rawview::MostInstalledApp);
         if (!app.Step())
             std::abort();
@@ -50,13 +39,6 @@ public:
         machineID = static_cast<std::uint32_t>(sqlite3_column_int64(first.get(), 0));
         installationID = static_cast<std::uint32_t>(sqlite3_column_int64(first.get(), 1));
     }
-    Estate(const Estate&) = delete;
-    Estate& operator=(const Estate&) = delete;
-    ~Estate() {
-        m_db.Close();
-        std::error_code ignored;
-        std::filesystem::remove_all(m_folder, ignored);
-    }
 
     SYDatabase& Db() { return m_db; }
     sqlite3* Raw() { return m_db.Handle(); }
@@ -66,12 +48,11 @@ public:
     std::uint32_t installationID = 0;
 
 private:
-    std::string m_folder;
     SYDatabase m_db;
 };
 
-Estate& estate() {
-    static Estate made;
+Inventory& estate() {
+    static Inventory made;
     return made;
 }
 
@@ -107,25 +88,31 @@ void BM_LoadAppData(benchmark::State& state) {
 
 // --- the details of one installation ------------------------------------------------------
 
+// As the dialog does, the installation's read ends before its files are read.
 std::int64_t rawDetails(RawStatement& installation, RawStatement& app, RawStatement& files) {
-    std::int64_t rows = 0;
     installation.Bind(1, estate().machineID).Bind(2, estate().installationID);
-    if (installation.Step()) {
-        touchRow(installation.get());
-        app.Bind(1, sqlite3_column_int64(installation.get(), 0));
-        if (app.Step())
-            touchRow(app.get());
-        app.Reset();
-        files.Bind(1, sqlite3_column_int64(installation.get(), 0))
-            .Bind(2, estate().machineID)
-            .Bind(3, sqlite3_column_text(installation.get(), 1));
-        while (files.Step()) {
-            touchRow(files.get());
-            ++rows;
-        }
-        files.Reset();
+    if (!installation.Step()) {
+        installation.Reset();
+        return 0;
     }
+    touchRow(installation.get());
+    const std::int64_t appID = sqlite3_column_int64(installation.get(), 0);
+    const std::string location =
+        reinterpret_cast<const char*>(sqlite3_column_text(installation.get(), 1));
+    app.Bind(1, appID);
+    if (app.Step())
+        touchRow(app.get());
+    app.Reset();
     installation.Reset();
+    std::int64_t rows = 0;
+    files.Bind(1, appID)
+        .Bind(2, estate().machineID)
+        .Bind(3, reinterpret_cast<const unsigned char*>(location.c_str()));
+    while (files.Step()) {
+        touchRow(files.get());
+        ++rows;
+    }
+    files.Reset();
     return rows;
 }
 

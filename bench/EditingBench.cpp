@@ -1,11 +1,9 @@
-// The rule editing sheets against the same reads and committed writes done with raw SQLite
-// statements on the same inventory in the same process, so that the figures compare as a
-// ratio.
+// The rule editing sheets on the realistic estate of 10,000 clients against the same reads and
+// committed writes done with raw SQLite statements on the same inventory in the same process,
+// so that the figures compare as a ratio.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -13,12 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "BenchEstate.h"
 #include "RawStatement.h"
 #include "editing/SYAppFilePropSheet.h"
 #include "editing/SYSWRuleConfigPropSheet.h"
 #include "outside/services/SYConsoleApp.h"
 #include "outside/store/SYDatabase.h"
-#include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYInventoryWriter.h"
 #include "outside/widgets/CPropertySheet.h"
 #include "outside/widgets/SYButton.h"
@@ -32,19 +30,12 @@ namespace {
 constexpr const char* EverywhereName = "shared-everywhere.dll";
 constexpr int JournalSize = 100;
 
-// A realistic estate in memory with its installation folder, and one file on every PC.
-struct Estate {
-    explicit Estate(int clients) {
-        std::string pattern = (std::filesystem::temp_directory_path() / "tvedit-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr)
-            throw std::runtime_error("no temporary folder");
-        folder = pattern;
+// The realistic estate copied into memory, so that the writes stay in this run, with its
+// installation folder (the system rules are only read) and one file on every PC.
+struct Inventory {
+    explicit Inventory(int clients) : folder(Estate(clients).install) {
         db.OpenMemory();
-        SYInventoryGenerator::Options options;
-        options.seed = 11;
-        options.clients = clients;
-        options.tailVendors = clients / 20;
-        SYInventoryGenerator(options).Generate(db, folder);
+        copyFrom(Estate(clients).database);
         std::vector<unsigned long> machines;
         {
             auto statement = db.Cached("SELECT MachineID FROM Machines");
@@ -58,12 +49,19 @@ struct Estate {
         writer.Commit();
         pcs = static_cast<int>(machines.size());
     }
-    Estate(const Estate&) = delete;
-    Estate& operator=(const Estate&) = delete;
-    ~Estate() {
-        db.Close();
-        std::error_code ignored;
-        std::filesystem::remove_all(folder, ignored);
+    Inventory(const Inventory&) = delete;
+    Inventory& operator=(const Inventory&) = delete;
+
+    void copyFrom(const std::string& path) {
+        sqlite3* source = nullptr;
+        if (sqlite3_open_v2(path.c_str(), &source, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK)
+            throw std::runtime_error("cannot open the estate");
+        sqlite3_backup* backup = sqlite3_backup_init(db.Handle(), "main", source, "main");
+        const bool copied = backup != nullptr && sqlite3_backup_step(backup, -1) == SQLITE_DONE;
+        sqlite3_backup_finish(backup);
+        sqlite3_close(source);
+        if (!copied)
+            throw std::runtime_error("cannot copy the estate");
     }
 
     std::string folder;
@@ -72,11 +70,11 @@ struct Estate {
     int pcs = 0;
 };
 
-Estate& estate(int clients) {
-    static std::map<int, std::unique_ptr<Estate>> made;
+Inventory& estate(int clients) {
+    static std::map<int, std::unique_ptr<Inventory>> made;
     auto& slot = made[clients];
     if (!slot)
-        slot = std::make_unique<Estate>(clients);
+        slot = std::make_unique<Inventory>(clients);
     SYGetApp().SetInstallPath(slot->folder);
     return *slot;
 }
@@ -109,7 +107,7 @@ void exec(sqlite3* db, const char* sql) {
 
 // Opening the properties of a file on every PC and looking at its clients.
 void BM_FilePropertiesOpen(benchmark::State& state) {
-    Estate& inv = estate(static_cast<int>(state.range(0)));
+    Inventory& inv = estate(static_cast<int>(state.range(0)));
     ActingHost host;
     SYModalHostScope scope(&host);
     std::string clients;
@@ -133,7 +131,7 @@ void BM_FilePropertiesOpen(benchmark::State& state) {
 // The same reads: the file with its application, the rules of its name, the effective rule
 // among user and system rules, and its locations with their clients in order.
 void BM_FilePropertiesOpenRawSQLite(benchmark::State& state) {
-    Estate& inv = estate(static_cast<int>(state.range(0)));
+    Inventory& inv = estate(static_cast<int>(state.range(0)));
     {
         SYAppFile attach; // attaches the system rules as the sheet does
         attach.SetDatabase(&inv.db);
@@ -175,13 +173,13 @@ std::string journalName(int index) {
 }
 
 // Takes the journal's rules out of the store again, untimed.
-void undoJournal(Estate& inv) {
+void undoJournal(Inventory& inv) {
     exec(inv.db.Handle(), "DELETE FROM SWRules WHERE FileName LIKE 'bench-journal-%'");
 }
 
 // OK of the rule configuration sheet with 100 new identification rules in its journal.
 void BM_RuleConfigOK(benchmark::State& state) {
-    Estate& inv = estate(static_cast<int>(state.range(0)));
+    Inventory& inv = estate(static_cast<int>(state.range(0)));
     ActingHost host;
     SYModalHostScope scope(&host);
     int next = 0;
@@ -223,7 +221,7 @@ void BM_RuleConfigOK(benchmark::State& state) {
 // The same committed writes and reads: each rule inserted, the rules of its file information
 // read back, then its name decided again in a write transaction of its own.
 void BM_RuleConfigOKRawSQLite(benchmark::State& state) {
-    Estate& inv = estate(static_cast<int>(state.range(0)));
+    Inventory& inv = estate(static_cast<int>(state.range(0)));
     sqlite3* db = inv.db.Handle();
     RawStatement insert(db, "INSERT INTO SWRules (InvDataType, RuleState, RuleType, FileName, "
                             "AppName, AppVersion, AppCompany, Comment) "

@@ -78,6 +78,7 @@ void loadGeneral(SYAppViewGeneralPage& page, SYDatabase* database, std::uint32_t
     files.JoinLocations();
     files.FilterForAppID(appID);
     files.SortByID(0);
+    files.ReadFileFieldsOnly();
     files.Open();
     // A file comes once for every place it lies, on adjacent rows.
     unsigned long lastFileID = 0;

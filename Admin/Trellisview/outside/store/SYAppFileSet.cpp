@@ -50,17 +50,27 @@ void SYAppFileSet::SortByID(int descending) {
     m_sortDescending = descending;
 }
 
+void SYAppFileSet::ReadFileFieldsOnly() {
+    m_fileFieldsOnly = true;
+}
+
 void SYAppFileSet::BuildQuery(SYSelect& select) const {
-    std::string columns =
-        "f.FileID AS FileID, f.FileName AS FileName, f.FileSize AS FileSize, "
-        "f.FileTime AS FileTime, f.VerAppName AS VerAppName, f.VerAppVersion AS VerAppVersion, "
-        "f.VerAppCompany AS VerAppCompany, f.FileState AS FileState, f.RuleID AS RuleID, "
-        "f.RuleSource AS RuleSource, f.AppID AS AppID, COALESCE(a.AppName, '') AS AppName, "
-        "COALESCE(a.AppVersion, '') AS AppVersion, COALESCE(a.AppCompany, '') AS AppCompany";
-    select.From(std::string("Files f LEFT JOIN ") + SYInventorySchema::AppTable(InvDataType) +
-                " a ON f.AppID <> 0 AND a.AppID = f.AppID");
+    std::string columns = "f.FileID AS FileID, f.FileName AS FileName, f.FileSize AS FileSize, "
+                          "f.FileTime AS FileTime";
+    if (m_fileFieldsOnly) {
+        select.From("Files f");
+    } else {
+        columns += ", f.VerAppName AS VerAppName, f.VerAppVersion AS VerAppVersion, "
+                   "f.VerAppCompany AS VerAppCompany, f.FileState AS FileState, f.RuleID AS "
+                   "RuleID, f.RuleSource AS RuleSource, f.AppID AS AppID, COALESCE(a.AppName, "
+                   "'') AS AppName, COALESCE(a.AppVersion, '') AS AppVersion, "
+                   "COALESCE(a.AppCompany, '') AS AppCompany";
+        select.From(std::string("Files f LEFT JOIN ") + SYInventorySchema::AppTable(InvDataType) +
+                    " a ON f.AppID <> 0 AND a.AppID = f.AppID");
+    }
     if (m_joinLocations) {
-        columns += ", l.MachineID AS MachineID, l.Location AS FileLocation";
+        if (!m_fileFieldsOnly)
+            columns += ", l.MachineID AS MachineID, l.Location AS FileLocation";
         select.Join("JOIN FileLocations l ON l.FileID = f.FileID");
     }
     if (m_installationID) {

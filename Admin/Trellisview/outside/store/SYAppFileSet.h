@@ -33,6 +33,9 @@ public:
     void JoinLocations();
     // Ascending by FileID, or descending; joined rows of one file stay together.
     void SortByID(int descending = 0);
+    // Reads the file's id, name, size and time only: a set over many joined rows then does
+    // not work out the other columns on each row. Reading another field throws CDBException.
+    void ReadFileFieldsOnly();
 
     unsigned long FileID() const;
     std::string FileName() const;
@@ -75,5 +78,6 @@ private:
     bool m_unidFiles = false;
     bool m_excludedFiles = false;
     bool m_joinLocations = false;
+    bool m_fileFieldsOnly = false;
     std::optional<int> m_sortDescending;
 };

@@ -293,12 +293,11 @@ SYCachedStatement SYDatabase::Cached(const std::string& sql) {
     return SYCachedStatement(*entry.statement, entry.inUse);
 }
 
+// A text's slot stays when its statement is taken, so that a record set opened and closed
+// over and over neither copies its text nor allocates a slot each time.
 std::unique_ptr<SYStatement> SYDatabase::TakeStatement(const std::string& sql) {
-    if (const auto idle = m_idle.find(sql); idle != m_idle.end()) {
-        auto statement = std::move(idle->second);
-        m_idle.erase(idle);
-        return statement;
-    }
+    if (const auto idle = m_idle.find(sql); idle != m_idle.end() && idle->second)
+        return std::move(idle->second);
     return std::make_unique<SYStatement>(*this, sql);
 }
 
@@ -307,7 +306,13 @@ void SYDatabase::KeepStatement(std::unique_ptr<SYStatement> statement) {
     if (!statement || !statement->BelongsTo(m_db))
         return;
     statement->Reset();
-    m_idle.try_emplace(statement->Sql(), std::move(statement));
+    if (const auto idle = m_idle.find(statement->Sql()); idle != m_idle.end()) {
+        if (!idle->second)
+            idle->second = std::move(statement);
+        return;
+    }
+    std::string sql = statement->Sql();
+    m_idle.emplace(std::move(sql), std::move(statement));
 }
 
 std::int64_t SYDatabase::LastInsertID() const {

@@ -46,10 +46,7 @@ void SYRecordset::Run() {
         m_statement->Reset();
     } else {
         m_database->KeepStatement(std::move(m_statement));
-        m_columns.clear();
         m_statement = m_database->TakeStatement(m_haveText ? m_text : select.Sql());
-        for (int i = 0; i < m_statement->ColumnCount(); ++i)
-            m_columns.emplace(m_statement->ColumnName(i), i);
     }
     m_query = std::move(select);
     const auto& parameters = m_query.Parameters();
@@ -59,14 +56,12 @@ void SYRecordset::Run() {
         m_eof = m_statement->Step() ? 0 : 1;
     } catch (...) {
         m_statement.reset();
-        m_columns.clear();
         throw;
     }
 }
 
 void SYRecordset::Close() {
     m_database->KeepStatement(std::move(m_statement));
-    m_columns.clear();
     m_eof = 1;
     m_writeMode = WriteMode::none;
     m_pending.clear();
@@ -79,28 +74,29 @@ void SYRecordset::MoveNext() {
     m_eof = m_statement->Step() ? 0 : 1;
 }
 
-int SYRecordset::ColumnOf(const std::string& name) const {
+int SYRecordset::ColumnOf(std::string_view name) const {
     if (!IsOpen() || m_eof)
-        throw CDBException(21, "The record set has no current row to read \"" + name + "\" from.");
-    const auto found = m_columns.find(name);
-    if (found == m_columns.end())
-        throw CDBException(1, "The record set has no field \"" + name + "\".");
-    return found->second;
+        throw CDBException(21, "The record set has no current row to read \"" + std::string(name) +
+                                   "\" from.");
+    const int column = m_statement->ColumnIndex(name);
+    if (column < 0)
+        throw CDBException(1, "The record set has no field \"" + std::string(name) + "\".");
+    return column;
 }
 
 void SYRecordset::GetFieldValue(const std::string& name, std::string& text) const {
     text = m_statement->IsNull(ColumnOf(name)) ? std::string() : FieldText(name);
 }
 
-bool SYRecordset::FieldIsNull(const std::string& name) const {
+bool SYRecordset::FieldIsNull(std::string_view name) const {
     return m_statement->IsNull(ColumnOf(name));
 }
 
-std::int64_t SYRecordset::FieldInt(const std::string& name) const {
+std::int64_t SYRecordset::FieldInt(std::string_view name) const {
     return m_statement->Int64(ColumnOf(name));
 }
 
-std::string SYRecordset::FieldText(const std::string& name) const {
+std::string SYRecordset::FieldText(std::string_view name) const {
     return m_statement->Text(ColumnOf(name));
 }
 

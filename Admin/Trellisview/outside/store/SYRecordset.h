@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -56,9 +56,9 @@ protected:
     // Values every new row of this set gets (e.g. its inventory).
     virtual void AddNewDefaults() {}
 
-    bool FieldIsNull(const std::string& name) const;
-    std::int64_t FieldInt(const std::string& name) const;
-    std::string FieldText(const std::string& name) const;
+    bool FieldIsNull(std::string_view name) const;
+    std::int64_t FieldInt(std::string_view name) const;
+    std::string FieldText(std::string_view name) const;
     void SetField(const std::string& column, SYDbValue value);
 
     enum class WriteMode { none, add, edit };
@@ -70,13 +70,12 @@ protected:
     std::int64_t AddedKey() const { return m_addedKey; }
 
 private:
-    int ColumnOf(const std::string& name) const;
+    int ColumnOf(std::string_view name) const;
     void Run();
     void CheckWritable() const;
 
     SYDatabase* m_database;
     std::unique_ptr<SYStatement> m_statement;
-    std::unordered_map<std::string, int> m_columns;
     std::string m_text;
     // The query the statement runs, with the values last bound.
     SYSelect m_query;

@@ -12,6 +12,8 @@ SYStatement::SYStatement(SYDatabase& database, const std::string& sql)
     const int rc = sqlite3_prepare_v2(database.Handle(), sql.c_str(), -1, &m_stmt, nullptr);
     if (rc != SQLITE_OK)
         Fail(rc);
+    for (int i = 0; i < ColumnCount(); ++i)
+        m_columns.emplace(ColumnName(i), i);
 }
 
 SYStatement::~SYStatement() {
@@ -92,13 +94,9 @@ std::string SYStatement::ColumnName(int column) const {
     return name == nullptr ? std::string() : std::string(name);
 }
 
-int SYStatement::ColumnIndex(const std::string& name) const {
-    const int count = ColumnCount();
-    for (int i = 0; i < count; ++i) {
-        if (ColumnName(i) == name)
-            return i;
-    }
-    return -1;
+int SYStatement::ColumnIndex(std::string_view name) const {
+    const auto found = m_columns.find(name);
+    return found != m_columns.end() ? found->second : -1;
 }
 
 bool SYStatement::IsNull(int column) const {

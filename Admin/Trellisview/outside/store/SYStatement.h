@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <variant>
 
 struct sqlite3;
@@ -34,8 +36,9 @@ public:
 
     int ColumnCount() const;
     std::string ColumnName(int column) const;
-    // -1 if no column has this name.
-    int ColumnIndex(const std::string& name) const;
+    // -1 if no column has this name. The names are mapped once per prepared statement, so a
+    // statement kept for reuse answers without looking at its columns again.
+    int ColumnIndex(std::string_view name) const;
     bool IsNull(int column) const;
     std::int64_t Int64(int column) const;
     std::string Text(int column) const;
@@ -45,10 +48,19 @@ public:
     bool BelongsTo(const sqlite3* connection) const;
 
 private:
+    struct NameHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const {
+            return std::hash<std::string_view>{}(name);
+        }
+    };
+    using ColumnMap = std::unordered_map<std::string, int, NameHash, std::equal_to<>>;
+
     [[noreturn]] void Fail(int code) const;
 
     SYDatabase& m_database;
     sqlite3_stmt* m_stmt = nullptr;
     std::string m_sql;
+    ColumnMap m_columns;
     bool m_running = false;
 };

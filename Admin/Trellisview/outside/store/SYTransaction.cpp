@@ -13,6 +13,12 @@ std::string savepoint(int level) {
     return "sy_savepoint_" + std::to_string(level);
 }
 
+// Kept prepared on the connection: a unit of work is begun and ended often, and its few texts
+// need not be parsed each time.
+void run(SYDatabase& database, const std::string& sql) {
+    database.Cached(sql)->Execute();
+}
+
 } // namespace
 
 SYTransaction::SYTransaction(SYDatabase& database)
@@ -22,15 +28,15 @@ SYTransaction::SYTransaction(SYDatabase& database)
     if (m_level == 0 && database.HaveRunningStatement())
         throw CDBException(SQLITE_MISUSE,
                            "A change to the inventory cannot begin while a read is still open.");
-    database.Exec(m_level == 0 ? std::string("BEGIN IMMEDIATE")
-                               : "SAVEPOINT " + savepoint(m_level));
+    run(database,
+        m_level == 0 ? std::string("BEGIN IMMEDIATE") : "SAVEPOINT " + savepoint(m_level));
     ++database.m_transactionDepth;
 }
 
 void SYTransaction::Commit() {
     if (m_done)
         return;
-    m_database.Exec(m_level == 0 ? std::string("COMMIT") : "RELEASE " + savepoint(m_level));
+    run(m_database, m_level == 0 ? std::string("COMMIT") : "RELEASE " + savepoint(m_level));
     m_done = true;
     --m_database.m_transactionDepth;
 }

@@ -14,10 +14,11 @@ namespace {
 
 std::vector<std::string> splitFields(const std::string& text) {
     std::vector<std::string> fields;
+    fields.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\t')) + 1);
     int position = 0;
     std::string field;
     while (SYListCtrlEx::NextField(text, position, field))
-        fields.push_back(field);
+        fields.push_back(std::move(field));
     return fields;
 }
 
