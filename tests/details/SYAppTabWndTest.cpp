@@ -5,6 +5,8 @@
 #include "details/SYAppTabWnd.h"
 #include "details/SYAppViewGeneralPage.h"
 #include "details/SYAppViewMachinesPage.h"
+#include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYProgress.h"
 #include "outside/store/SYInventoryGenerator.h"
 #include "outside/store/SYSamData.h"
 #include "outside/widgets/SYAdminImages.h"
@@ -38,7 +40,14 @@ protected:
 };
 
 TEST_F(AppTabWnd, LoadShowsTheApplicationItsFilesAndEveryInstallation) {
+    std::vector<int> told;
+    SYGetApp().SetProgressSink([&](const std::string& task, int percent) {
+        if (task == SYProgress::OpeningApplication)
+            told.push_back(percent);
+    });
     ASSERT_EQ(tabs.LoadAppData(toolApp, 0), 1);
+    SYGetApp().SetProgressSink(nullptr);
+    EXPECT_EQ(told, (std::vector<int>{0, 50, 100}));
     std::string name, version, company;
     tabs.AppInfo(name, version, company);
     EXPECT_EQ((Strings{name, version, company}), (Strings{"Tool", "2.0", "Acme"}));

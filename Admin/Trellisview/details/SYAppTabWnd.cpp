@@ -5,6 +5,7 @@
 #include "details/SYAppViewMachinesPage.h"
 #include "outside/framework/CException.h"
 #include "outside/services/SYConsoleApp.h"
+#include "outside/services/SYProgress.h"
 #include "outside/services/SYReport.h"
 #include "outside/store/SYAppFileSet.h"
 #include "outside/store/SYAppInstallationSet.h"
@@ -163,9 +164,12 @@ int SYAppTabWnd::LoadAppData(std::uint32_t appID, unsigned char invDataType) {
         return 0;
     }
     SYWaitCursor wait;
+    // An application on every client reads a row per place of each file: say how far it got.
+    SYProgress progress(SYProgress::OpeningApplication, 2);
     try {
         if (general != nullptr)
             loadGeneral(*general, Database(), appID, invDataType);
+        progress.Step();
         if (machines != nullptr) {
             const auto [machineTotal, installationTotal] =
                 loadMachines(*machines, Database(), appID, invDataType);
@@ -173,6 +177,7 @@ int SYAppTabWnd::LoadAppData(std::uint32_t appID, unsigned char invDataType) {
             if (general != nullptr)
                 general->SetTotals(machineTotal, installationTotal);
         }
+        progress.Step();
         return 1;
     } catch (const CException& exception) {
         SYExReport(exception, nullptr);

@@ -12,6 +12,7 @@ public:
     static constexpr const char* ApplyingRules = "Applying rules";
     static constexpr const char* FillingList = "Filling the list";
     static constexpr const char* OpeningCompany = "Opening the company";
+    static constexpr const char* OpeningApplication = "Opening the application";
 
     // task: what the user is told is going on; total: the steps the work takes.
     SYProgress(std::string task, std::size_t total);
