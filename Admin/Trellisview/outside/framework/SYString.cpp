@@ -1,5 +1,8 @@
 #include "outside/framework/SYString.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace {
 
 int lowerByte(unsigned char c) {
@@ -29,4 +32,22 @@ std::string SYToLower(const std::string& text) {
     for (char& c : result)
         c = static_cast<char>(lowerByte(static_cast<unsigned char>(c)));
     return result;
+}
+
+bool SYStrIPrefix(const std::string& text, std::uint64_t* words, int count) {
+    // The compare stops at the first zero byte, so the packing does too.
+    const std::size_t end = std::min(text.size(), std::strlen(text.c_str()));
+    std::size_t at = 0;
+    for (int w = 0; w < count; ++w) {
+        std::uint64_t word = 0;
+        for (int b = 0; b < 8; ++b, ++at) {
+            const std::uint64_t byte =
+                at < end
+                    ? static_cast<std::uint64_t>(lowerByte(static_cast<unsigned char>(text[at])))
+                    : 0;
+            word = (word << 8) | byte;
+        }
+        words[w] = word;
+    }
+    return end <= at;
 }
