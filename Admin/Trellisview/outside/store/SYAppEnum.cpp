@@ -6,8 +6,7 @@ int SYAppEnum::BeginEnumApps() {
     const std::string sql =
         std::string("SELECT AppID, AppName, AppVersion, AppNameInternal FROM ") +
         SYInventorySchema::AppTable(InvDataType) + " WHERE AppInstalled = 1" +
-        (m_company ? " AND AppCompanyInternal = ?1 COLLATE NOCASE" : "") +
-        " ORDER BY AppNameInternal, AppVersion, AppID";
+        (m_company ? " AND AppCompanyInternal = ?1 COLLATE NOCASE" : "") + " ORDER BY AppID";
     return Begin(sql, m_company ? SYDbValue{*m_company} : SYDbValue{});
 }
 
