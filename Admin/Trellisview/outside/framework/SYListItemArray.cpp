@@ -210,6 +210,11 @@ void SYListItemArray::SortArray(int column, int ascending) {
 }
 
 void SYListItemArray::SortArray(int column, int ascending, std::vector<int>& moved) {
+    // A tree branch sorts its few items at every expansion: one item needs no sort.
+    if (GetSize() < 2) {
+        moved.assign(m_items.size(), 0);
+        return;
+    }
     std::vector<Slot> order;
     std::vector<int> empty;
     order.reserve(m_items.size());

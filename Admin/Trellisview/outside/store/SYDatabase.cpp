@@ -294,11 +294,9 @@ SYCachedStatement SYDatabase::Cached(const std::string& sql) {
 }
 
 std::unique_ptr<SYStatement> SYDatabase::TakeStatement(const std::string& sql) {
-    if (const auto idle = m_idle.find(sql); idle != m_idle.end()) {
-        auto statement = std::move(idle->second);
-        m_idle.erase(idle);
-        return statement;
-    }
+    // A taken statement leaves its place empty, so that giving it back costs no new entry.
+    if (const auto idle = m_idle.find(sql); idle != m_idle.end() && idle->second)
+        return std::move(idle->second);
     return std::make_unique<SYStatement>(*this, sql);
 }
 
@@ -307,6 +305,11 @@ void SYDatabase::KeepStatement(std::unique_ptr<SYStatement> statement) {
     if (!statement || !statement->BelongsTo(m_db))
         return;
     statement->Reset();
+    if (const auto place = m_idle.find(statement->Sql()); place != m_idle.end()) {
+        if (!place->second)
+            place->second = std::move(statement);
+        return;
+    }
     m_idle.try_emplace(statement->Sql(), std::move(statement));
 }
 
