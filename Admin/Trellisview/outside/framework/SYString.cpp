@@ -35,19 +35,22 @@ std::string SYToLower(const std::string& text) {
 }
 
 bool SYStrIPrefix(const std::string& text, std::uint64_t* words, int count) {
-    // The compare stops at the first zero byte, so the packing does too.
-    const std::size_t end = std::min(text.size(), std::strlen(text.c_str()));
-    std::size_t at = 0;
-    for (int w = 0; w < count; ++w) {
+    const std::size_t limit = 8 * static_cast<std::size_t>(count);
+    // The compare stops at the first zero byte, so the packing does too; no need to look
+    // for one past the bytes that count.
+    const char* data = text.data();
+    const void* zero = std::memchr(data, 0, std::min(text.size(), limit + 1));
+    const std::size_t end = zero != nullptr
+                                ? static_cast<std::size_t>(static_cast<const char*>(zero) - data)
+                                : text.size();
+    for (std::size_t w = 0, at = 0; w < static_cast<std::size_t>(count); ++w, at += 8) {
+        unsigned char bytes[8] = {};
+        if (end > at)
+            std::memcpy(bytes, data + at, std::min<std::size_t>(8, end - at));
         std::uint64_t word = 0;
-        for (int b = 0; b < 8; ++b, ++at) {
-            const std::uint64_t byte =
-                at < end
-                    ? static_cast<std::uint64_t>(lowerByte(static_cast<unsigned char>(text[at])))
-                    : 0;
-            word = (word << 8) | byte;
-        }
+        for (const unsigned char byte : bytes)
+            word = (word << 8) | static_cast<std::uint64_t>(lowerByte(byte));
         words[w] = word;
     }
-    return end <= at;
+    return end <= limit;
 }
