@@ -65,6 +65,9 @@ TEST_F(InvTreeTest, CompaniesStayUnbuiltBehindAPlaceholderUntilExpandedOnce) {
     EXPECT_EQ(Texts(company), Strings{"<>"}) << "a root is no company";
     Ctrl().SelectItem(Ctrl().GetChildItem(company));
     EXPECT_EQ(tree.GetSelectedAppID(), 0u) << "the placeholder carries no id";
+    tree.UpdateTree();
+    EXPECT_EQ(Ctrl().GetSelectedItem(), company) << "a refresh takes the selection off it";
+    EXPECT_EQ(Texts(company), Strings{"<>"});
 
     tree.CheckBuildItem(company);
     EXPECT_EQ(Texts(company), (Strings{"Editor", "Tool  [ 1.0 ]"}));

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <set>
 #include <string>
@@ -90,6 +91,46 @@ TEST(SYAppFileItemCompare, FileRowOrdersPerColumnWithAscendingTieBreaks) {
     half.SetFileSize(0xFFFFFFFF, 0);
     other.SetFileSize(0xFFFFFFFF, 0);
     EXPECT_EQ(half.CompareTo(&other, 5, 1), -1);
+}
+
+TEST(SYAppFileItemCompare, ArraySortsAsTheComparisonDoesWhateverTheNamesShare) {
+    // Names alike in their first 8 or 16 bytes that differ in case or further on, sizes and
+    // times that tie often, a name with a zero byte, an absent size and a rule row.
+    SYListItemArray rows;
+    const std::string names[] = {"setupapi.dll",
+                                 "SETUPAPI.DLL",
+                                 "setupap",
+                                 "Setupapi",
+                                 "setupapix",
+                                 "setupapi.dlL",
+                                 "readme",
+                                 "README.TXT",
+                                 "a",
+                                 "setupapi",
+                                 "Setupap",
+                                 "readme.txt",
+                                 std::string("setup\0zz", 8),
+                                 "setupapi.dll",
+                                 "microsoft.windows.gdiplus",
+                                 "Microsoft.Windows.Common"};
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        add(rows, names[i], 10 * (i % 3), T0 - static_cast<std::int32_t>(60 * (i % 2)) - 1);
+    add(rows, "nosize", SYAppFileItem::NoSize, 0);
+    add<SYIgnoreRuleItem>(rows, "setupapi", 10, T0);
+    for (int column = 0; column <= 7; ++column) {
+        for (int ascending = 0; ascending <= 1; ++ascending) {
+            SCOPED_TRACE(testing::Message() << "column " << column << " asc " << ascending);
+            std::vector<SYListItem*> expected;
+            for (int at = 0; at < rows.GetSize(); ++at)
+                expected.push_back(rows.GetAt(at));
+            std::stable_sort(expected.begin(), expected.end(), [&](auto* a, auto* b) {
+                return a->CompareTo(b, column, ascending) < 0;
+            });
+            rows.SortArray(column, ascending);
+            for (int at = 0; at < rows.GetSize(); ++at)
+                EXPECT_EQ(rows.GetAt(at), expected[static_cast<std::size_t>(at)]) << at;
+        }
+    }
 }
 
 TEST(SYAppFileItemCompare, RuleItemsStandBeforeFileItemsOnEveryColumn) {

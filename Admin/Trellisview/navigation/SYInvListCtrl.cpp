@@ -402,37 +402,39 @@ void SYInvListCtrl::RedisplayData() {
 }
 
 bool SYInvListCtrl::RowsMatchData() const {
-    std::vector<bool> shown(static_cast<std::size_t>(m_data.GetSize()), false);
-    for (int row = 0; row < GetItemCount(); ++row) {
-        const std::uint32_t index = GetItemData(row);
-        if (RecordOfRow(row) == nullptr || shown[index])
-            return false;
-        shown[index] = true;
-    }
     int records = 0;
     for (int i = 0; i < m_data.GetSize(); ++i)
         records += m_data[i] != nullptr ? 1 : 0;
-    return records == GetItemCount();
+    if (records != GetItemCount())
+        return false;
+    std::vector<bool> shown(static_cast<std::size_t>(m_data.GetSize()), false);
+    for (int row = 0; row < GetItemCount(); ++row) {
+        const std::uint32_t index = GetItemData(row);
+        if (index >= shown.size() || shown[index] || m_data[static_cast<int>(index)] == nullptr)
+            return false;
+        shown[index] = true;
+    }
+    return true;
 }
 
 bool SYInvListCtrl::ReorderRows() {
     if (m_activeMode < 0 || !RowsMatchData())
         return false;
+    const int rows = GetItemCount();
+    std::vector<std::uint32_t> recordOf(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        recordOf[static_cast<std::size_t>(row)] = GetItemData(row);
     std::vector<int> moved;
     m_data.SortArray(m_sortColumn, m_sortAscending, moved);
-    std::vector<int> rowAt(moved.size(), -1);
-    for (int row = 0; row < GetItemCount(); ++row)
-        rowAt[static_cast<std::size_t>(moved[GetItemData(row)])] = row;
-    std::vector<int> order;
-    order.reserve(static_cast<std::size_t>(GetItemCount()));
-    for (const int row : rowAt) {
-        if (row >= 0)
-            order.push_back(row);
-    }
+    // Each record has one row and the records now fill the first places in their order, so
+    // row r is to show the record at place r.
+    std::vector<int> order(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        order[static_cast<std::size_t>(moved[recordOf[static_cast<std::size_t>(row)]])] = row;
     SetRedraw(0);
     ReorderItems(order);
-    for (int row = 0; row < GetItemCount(); ++row)
-        SetItemData(row, static_cast<std::uint32_t>(moved[GetItemData(row)]));
+    for (int row = 0; row < rows; ++row)
+        SetItemData(row, static_cast<std::uint32_t>(row));
     // A sorted list starts again at its top.
     EnsureVisible(0, 0);
     SetRedraw(1);

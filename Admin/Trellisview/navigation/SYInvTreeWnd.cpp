@@ -29,11 +29,11 @@ using CompanyRow = SYInventoryModel::CompanyRow;
 
 constexpr const char* Placeholder = "<>";
 
-std::string appNodeText(const SYAppItem& app) {
+// nameAndVersion is the string table's format, read once per branch.
+std::string appNodeText(const SYAppItem& app, const std::string& nameAndVersion) {
     if (app.AppVersion().empty())
         return app.AppName();
-    return SYFormatText(SYStringTable::Get(IDS_NAME_AND_VERSION),
-                        {app.AppName(), app.AppVersion()});
+    return SYFormatText(nameAndVersion, {app.AppName(), app.AppVersion()});
 }
 
 std::string rootLabel(int stringId, const std::string& count) {
@@ -145,8 +145,21 @@ void SYInvTreeWnd::UpdateTree() {
         Tree().SelectItem(Tree().GetRootItem());
 }
 
+bool SYInvTreeWnd::IsUnbuilt(HTREEITEM node) const {
+    const SYTreeCtrlEx& tree = Tree();
+    const HTREEITEM child = tree.GetChildItem(node);
+    return child != nullptr && tree.GetNextSiblingItem(child) == nullptr &&
+           tree.GetItemData(child) == 0 && HasImage(child, SYAdminImages::ImageApplication) &&
+           tree.GetItemText(child) == Placeholder &&
+           tree.GetItemState(node, TVIS_EXPANDEDONCE) == 0;
+}
+
 void SYInvTreeWnd::ResetCompanyNode(HTREEITEM node) {
     SYTreeCtrlEx& tree = Tree();
+    // A refresh resets every collapsed company; one still unbuilt already has the one child
+    // it would get, unless the selection stands on it and has to move up.
+    if (IsUnbuilt(node) && tree.GetSelectedItem() != tree.GetChildItem(node))
+        return;
     tree.DeleteChildren(node);
     tree.InsertItem(Placeholder, SYAdminImages::ImageApplication, SYAdminImages::ImageApplication,
                     node, TVI_LAST);
@@ -194,12 +207,13 @@ void SYInvTreeWnd::BuildApps(HTREEITEM node, int restoreSelection) {
     BuildAppData(apps, internal, ppc ? InvDataPPC : InvDataWindows);
     HTREEITEM reselect = nullptr;
     SYProgress progress(SYProgress::OpeningCompany, static_cast<std::size_t>(apps.GetSize()));
+    const std::string nameAndVersion = SYStringTable::Get(IDS_NAME_AND_VERSION);
     for (int i = 0; i < apps.GetSize(); ++i) {
         progress.Step();
         const auto* app = static_cast<const SYAppItem*>(apps[i]);
         if (app == nullptr)
             continue;
-        const std::string text = appNodeText(*app);
+        const std::string text = appNodeText(*app, nameAndVersion);
         const int image = app->AppType() == SYAppItem::AppTypePPC ? SYAdminImages::ImagePPCApp
                                                                   : SYAdminImages::ImageApplication;
         const HTREEITEM child = tree.InsertItem(text, image, image, node, TVI_LAST);
@@ -375,11 +389,13 @@ void SYInvTreeWnd::RebuildFlatBranch(HTREEITEM root, SYListItemArray& apps, int 
     tree.DeleteChildren(root);
     // Every node is new, so the selection is found again by id.
     HTREEITEM select = nullptr;
+    const std::string nameAndVersion = SYStringTable::Get(IDS_NAME_AND_VERSION);
     for (int i = 0; i < apps.GetSize(); ++i) {
         const auto* app = static_cast<const SYAppItem*>(apps[i]);
         if (app == nullptr)
             continue;
-        const HTREEITEM node = tree.InsertItem(appNodeText(*app), image, image, root, TVI_LAST);
+        const HTREEITEM node =
+            tree.InsertItem(appNodeText(*app, nameAndVersion), image, image, root, TVI_LAST);
         if (node == nullptr)
             continue;
         tree.SetItemData(node, app->AppID());

@@ -139,6 +139,8 @@ private:
     int HasImage(HTREEITEM node, int image) const {
         return node != nullptr && Tree().GetItemImage(node) == image;
     }
+    // Only the placeholder below the company, as ResetCompanyNode leaves it.
+    bool IsUnbuilt(HTREEITEM node) const;
     // The record of a company node, or null.
     SYCompanyItem* CompanyOf(HTREEITEM node) const;
     std::uint32_t SelectedDataFor(int image, int otherImage) const;

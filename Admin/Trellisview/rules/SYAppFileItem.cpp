@@ -39,6 +39,9 @@ const SYAppFileItem* asFileItem(const SYListItem* item) {
     return dynamic_cast<const SYAppFileItem*>(item);
 }
 
+// What the sort keys of plain file items share, so that only they compare keys.
+constexpr char fileKeys = 0;
+
 template <class T> int order(T a, T b) {
     return a < b ? -1 : (b < a ? 1 : 0);
 }
@@ -141,6 +144,49 @@ int SYAppFileItem::CompareKey(const SYAppFileItem& other, int key) const {
     default:
         return order(m_itemType, other.m_itemType);
     }
+}
+
+SYListItem::SortKey SYAppFileItem::GetSortKey(int column) const {
+    if (typeid(*this) != typeid(SYAppFileItem) || m_itemType != ItemTypeFile || column < 0 ||
+        column > KeyItemType)
+        return {};
+    SortKey key;
+    int words = 0;
+    bool whole = true;
+    if (!KeyWords(column % 4 + KeyFileName, key.words, words, whole))
+        return {};
+    key.directed = static_cast<std::uint8_t>(words);
+    // A tie-break counts only behind a primary key held whole.
+    if (column < KeyFileName && whole)
+        KeyWords(TieBreaks[column][0], key.words + words, words, whole);
+    key.valid = static_cast<std::uint8_t>(words);
+    key.family = &fileKeys;
+    return key;
+}
+
+bool SYAppFileItem::KeyWords(int key, std::uint64_t* words, int& count, bool& whole) const {
+    switch (key) {
+    case KeyFileName:
+        whole = SYStrIPrefix(m_fileName, words, 2);
+        count += 2;
+        return true;
+    case KeyFileSize:
+        // A size whose halves disagree on being absent compares differently from each side.
+        if (!HaveFileSize())
+            return false;
+        *words = FileSize();
+        break;
+    case KeyModTime:
+        // The sign bit flipped, so that unsigned order is signed order.
+        *words = static_cast<std::uint32_t>(m_modTime.GetTime()) ^ 0x80000000U;
+        break;
+    default:
+        *words = m_itemType;
+        break;
+    }
+    whole = true;
+    ++count;
+    return true;
 }
 
 // This item's size is judged by HaveFileSize; the partner's counts as absent only when both

@@ -33,6 +33,8 @@ public:
     // Columns 0-3 are the chained list sorts, 4-7 the single keys. Rule items sort before
     // file items whatever the column; descending reverses the primary key only.
     int CompareTo(const SYListItem* item, int column, int ascending) const override;
+    // Plain file items only: a subclass may order otherwise, and rules sort apart from files.
+    SortKey GetSortKey(int column) const override;
 
     std::uint32_t FileID() const { return m_fileID; }
     void SetFileID(std::uint32_t id) { m_fileID = id; }
@@ -71,6 +73,9 @@ protected:
 
 private:
     int CompareKey(const SYAppFileItem& other, int key) const;
+    // Appends the key as words ordered as CompareKey orders it, counting them, and tells
+    // whether they hold it whole; false where the key has no words.
+    bool KeyWords(int key, std::uint64_t* words, int& count, bool& whole) const;
     int CompareFileSize(const SYAppFileItem& other) const;
 
     std::uint32_t m_fileID = 0;

@@ -19,3 +19,7 @@ SYListItem& SYListItem::operator=(const SYListItem& other) {
 int SYListItem::CompareTo(const SYListItem* /*item*/, int /*column*/, int /*ascending*/) const {
     return 0;
 }
+
+SYListItem::SortKey SYListItem::GetSortKey(int /*column*/) const {
+    return {};
+}

@@ -38,8 +38,9 @@ public:
     // Deletes every item.
     void RemoveAll();
 
-    // Stable merge sort through CompareTo only, so items whose comparisons disagree cannot
-    // break it. Empty slots go to the end.
+    // Stable merge sort through single comparisons only (the items' sort keys, else
+    // CompareTo), so items whose comparisons disagree cannot break it. Empty slots go to
+    // the end.
     void SortArray(int column, int ascending);
     // The same, telling where each slot went: moved[old index] is its index after the sort.
     void SortArray(int column, int ascending, std::vector<int>& moved);

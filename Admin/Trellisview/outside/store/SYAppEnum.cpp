@@ -1,14 +1,29 @@
 #include "outside/store/SYAppEnum.h"
 
+#include <array>
+
 #include "outside/store/SYInventorySchema.h"
 
+namespace {
+
+// Written once per inventory and filter: expanding a tree runs the query once per company.
+const std::string& enumSql(unsigned char invDataType, bool byCompany) {
+    // AppTable refuses the inventories without files, so the index stays in range.
+    const char* table = SYInventorySchema::AppTable(invDataType);
+    static std::array<std::array<std::string, 2>, 2> made;
+    std::string& sql = made.at(invDataType).at(byCompany ? 1 : 0);
+    if (sql.empty())
+        sql = std::string("SELECT AppID, AppName, AppVersion, AppNameInternal FROM ") + table +
+              " WHERE AppInstalled = 1" +
+              (byCompany ? " AND AppCompanyInternal = ?1 COLLATE NOCASE" : "") + " ORDER BY AppID";
+    return sql;
+}
+
+} // namespace
+
 int SYAppEnum::BeginEnumApps() {
-    const std::string sql =
-        std::string("SELECT AppID, AppName, AppVersion, AppNameInternal FROM ") +
-        SYInventorySchema::AppTable(InvDataType) + " WHERE AppInstalled = 1" +
-        (m_company ? " AND AppCompanyInternal = ?1 COLLATE NOCASE" : "") +
-        " ORDER BY AppNameInternal, AppVersion, AppID";
-    return Begin(sql, m_company ? SYDbValue{*m_company} : SYDbValue{});
+    return Begin(enumSql(InvDataType, m_company.has_value()),
+                 m_company ? SYDbValue{*m_company} : SYDbValue{});
 }
 
 int SYAppEnum::EnumApp(std::string& name, std::string& version, std::string& internalName) {

@@ -7,7 +7,8 @@
 
 // The installed applications of inventory 0 or 1, of one company when SetCompanyName was
 // given its internal name (compared without regard to case, as the company set runs), in
-// order of internal name and version.
+// order of AppID. That is the order of the company index, so a company's rows need no sort
+// in the store: the views sort them by name themselves.
 class SYAppEnum : public SYEnumerator {
 public:
     using SYEnumerator::SYEnumerator;

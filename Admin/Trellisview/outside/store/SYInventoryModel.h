@@ -71,7 +71,8 @@ public:
     void ForEachCompany(std::uint8_t invDataType, const Visitor<CompanyRow>& visit) const;
     void LoadCompanies(std::uint8_t invDataType, std::vector<CompanyRow>& rows) const;
 
-    // Installed applications of one company, by its internal name.
+    // Installed applications of one company, by its internal name, in order of AppID: the
+    // views sort them by name.
     void ForEachCompanyApp(std::uint8_t invDataType, const std::string& company,
                            const Visitor<AppRow>& visit) const;
     void LoadCompanyApps(std::uint8_t invDataType, const std::string& company,

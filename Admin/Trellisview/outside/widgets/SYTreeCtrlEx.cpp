@@ -297,6 +297,11 @@ void SYTreeCtrlEx::Unlink(SYTreeNode* node) {
 }
 
 void SYTreeCtrlEx::Forget(SYTreeNode* node) {
+    // Most nodes that go are leaves, which need no walk.
+    if (node->firstChild == nullptr) {
+        m_nodes.erase(node);
+        return;
+    }
     std::vector<SYTreeNode*> pending{node};
     while (!pending.empty()) {
         SYTreeNode* gone = pending.back();
