@@ -12,8 +12,9 @@ SYStatement::SYStatement(SYDatabase& database, const std::string& sql)
     const int rc = sqlite3_prepare_v2(database.Handle(), sql.c_str(), -1, &m_stmt, nullptr);
     if (rc != SQLITE_OK)
         Fail(rc);
+    m_columns.reserve(static_cast<std::size_t>(ColumnCount()));
     for (int i = 0; i < ColumnCount(); ++i)
-        m_columns.emplace(ColumnName(i), i);
+        m_columns.push_back(ColumnName(i));
 }
 
 SYStatement::~SYStatement() {
@@ -95,8 +96,10 @@ std::string SYStatement::ColumnName(int column) const {
 }
 
 int SYStatement::ColumnIndex(std::string_view name) const {
-    const auto found = m_columns.find(name);
-    return found != m_columns.end() ? found->second : -1;
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        if (m_columns[i] == name)
+            return static_cast<int>(i);
+    return -1;
 }
 
 bool SYStatement::IsNull(int column) const {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <variant>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -36,8 +36,8 @@ public:
 
     int ColumnCount() const;
     std::string ColumnName(int column) const;
-    // -1 if no column has this name. The names are mapped once per prepared statement, so a
-    // statement kept for reuse answers without looking at its columns again.
+    // The first column of this name, -1 if none. The names are read once per prepared
+    // statement, so a statement kept for reuse answers without asking SQLite again.
     int ColumnIndex(std::string_view name) const;
     bool IsNull(int column) const;
     std::int64_t Int64(int column) const;
@@ -48,19 +48,12 @@ public:
     bool BelongsTo(const sqlite3* connection) const;
 
 private:
-    struct NameHash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view name) const {
-            return std::hash<std::string_view>{}(name);
-        }
-    };
-    using ColumnMap = std::unordered_map<std::string, int, NameHash, std::equal_to<>>;
-
     [[noreturn]] void Fail(int code) const;
 
     SYDatabase& m_database;
     sqlite3_stmt* m_stmt = nullptr;
     std::string m_sql;
-    ColumnMap m_columns;
+    // In column order; a record set has a handful, so a walk beats hashing the name.
+    std::vector<std::string> m_columns;
     bool m_running = false;
 };
