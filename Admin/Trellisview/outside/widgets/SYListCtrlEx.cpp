@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <fstream>
+#include <utility>
 
 #include "outside/framework/SYString.h"
 #include "outside/services/SYStringTable.h"
@@ -211,11 +212,15 @@ bool SYListCtrlEx::IsColumnExcludedFromPrinting(int column) const {
 }
 
 int SYListCtrlEx::InsertBitmapString(int image, int row, const std::string& text) {
+    return InsertBitmapString(image, row, splitFields(text));
+}
+
+int SYListCtrlEx::InsertBitmapString(int image, int row, std::vector<std::string> cells) {
     if (!IsWindow())
         return -1;
     if (row < 0 || row > GetItemCount())
         row = GetItemCount();
-    m_rows.insert(m_rows.begin() + row, Row{splitFields(text), image, 0, 0});
+    m_rows.insert(m_rows.begin() + row, Row{std::move(cells), image, 0, 0});
     NoteChange();
     return row;
 }

@@ -58,6 +58,8 @@ public:
 
     // Rows. Gives the new row or -1; row -1 (or past the end) appends, image -1 is none.
     int InsertBitmapString(int image, int row, const std::string& text);
+    // The same with the cells already apart, so a long list is not joined only to be split.
+    int InsertBitmapString(int image, int row, std::vector<std::string> cells);
     int SetItemString(int row, const std::string& text);
     std::string GetItemString(int row) const;
     int SetItemText(int row, int column, const std::string& text);
