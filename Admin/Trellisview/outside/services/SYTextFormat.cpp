@@ -1,8 +1,8 @@
 #include "outside/services/SYTextFormat.h"
 
-std::string SYFormatText(const std::string& format, std::initializer_list<std::string> args) {
+std::string SYFormatText(const std::string& format, std::initializer_list<std::string_view> args) {
+    // No reserve: most results are short enough to stay inside the string itself.
     std::string text;
-    text.reserve(format.size() + 32);
     auto arg = args.begin();
     for (std::size_t i = 0; i < format.size(); ++i) {
         const bool mark = format[i] == '%' && i + 1 < format.size();
