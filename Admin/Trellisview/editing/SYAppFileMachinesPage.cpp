@@ -1,5 +1,7 @@
 #include "editing/SYAppFileMachinesPage.h"
 
+#include <utility>
+
 #include "editing/SYAppFilePropSheet.h"
 #include "outside/framework/CException.h"
 #include "outside/services/SYConsoleApp.h"
@@ -26,7 +28,7 @@ SYAppFileMachinesPage::SYAppFileMachinesPage() : SYAdminPropPage(IDD_APP_FILE_MA
 
 int SYAppFileMachinesPage::LoadData(std::uint32_t fileID, unsigned char invDataType) {
     SYWaitCursor wait;
-    m_locations.clear();
+    m_places.clear();
     m_clientCount = 0;
     m_invDataType = invDataType;
     try {
@@ -36,11 +38,14 @@ int SYAppFileMachinesPage::LoadData(std::uint32_t fileID, unsigned char invDataT
         set.SortByMachineAndLocation();
         set.FilterForFileID(fileID);
         set.Open();
+        const std::string clientFormat = SYStringTable::Get(IDS_CLIENT_AND_USER);
         std::uint32_t previous = 0;
         for (; !set.IsEOF(); set.MoveNext()) {
             const auto machineID = static_cast<std::uint32_t>(set.MachineID());
-            m_locations.push_back(
-                {machineID, set.MachineName(), set.MachineUser(), set.Location()});
+            std::vector<std::string>& cells = m_places.emplace_back();
+            cells.reserve(2);
+            cells.push_back(SYFormatText(clientFormat, {set.MachineName(), set.MachineUser()}));
+            cells.push_back(set.Location());
             if (machineID != previous)
                 ++m_clientCount;
             previous = machineID;
@@ -66,15 +71,11 @@ int SYAppFileMachinesPage::OnInitDialog() {
     const SYAdminImages images;
     const int image =
         m_invDataType == 1 ? images.GetDeviceImage(PPCDeviceKind, 0) : images.GetMachineImage(0);
-    const std::string clientFormat = SYStringTable::Get(IDS_CLIENT_AND_USER);
-    for (std::size_t index = 0; index < m_locations.size(); ++index) {
-        const Location& place = m_locations[index];
-        const int row = m_list.InsertBitmapString(
-            image, -1,
-            SYFormatText(clientFormat, {place.machineName, place.machineUser}) + "\t" +
-                place.location);
+    for (std::size_t index = 0; index < m_places.size(); ++index) {
+        const int row = m_list.InsertBitmapString(image, -1, std::move(m_places[index]));
         m_list.SetItemData(row, static_cast<std::uint32_t>(index));
     }
+    m_places.clear();
     if (SYWnd* total = GetDlgItem(IDC_FILE_TOTAL_CLIENTS))
         total->SetWindowText(std::to_string(m_clientCount));
     return 1;

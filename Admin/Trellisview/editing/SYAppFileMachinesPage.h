@@ -22,14 +22,9 @@ protected:
     void OnPrint();
 
 private:
-    struct Location {
-        std::uint32_t machineID;
-        std::string machineName;
-        std::string machineUser;
-        std::string location;
-    };
-
-    std::vector<Location> m_locations;
+    // Each place's cells (client and user, folder), read by LoadData and moved into the list
+    // when the page shows, so a long list is held once.
+    std::vector<std::vector<std::string>> m_places;
     int m_invDataType = -1;
     SYListCtrlEx m_list;
     int m_clientCount = 0;

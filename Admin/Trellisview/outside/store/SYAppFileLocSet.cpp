@@ -27,12 +27,12 @@ unsigned long SYAppFileLocSet::MachineID() const {
     return static_cast<unsigned long>(FieldInt("MachineID"));
 }
 
-std::string SYAppFileLocSet::MachineName() const {
-    return FieldText("MachineName");
+std::string_view SYAppFileLocSet::MachineName() const {
+    return FieldTextView("MachineName");
 }
 
-std::string SYAppFileLocSet::MachineUser() const {
-    return FieldText("MachineUser");
+std::string_view SYAppFileLocSet::MachineUser() const {
+    return FieldTextView("MachineUser");
 }
 
 std::string SYAppFileLocSet::Location() const {

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "outside/store/SYRecordset.h"
 
@@ -17,8 +18,9 @@ public:
     void SortByMachineAndLocation() { m_sorted = true; }
 
     unsigned long MachineID() const;
-    std::string MachineName() const;
-    std::string MachineUser() const;
+    // Valid until the set moves.
+    std::string_view MachineName() const;
+    std::string_view MachineUser() const;
     std::string Location() const;
 
 protected:

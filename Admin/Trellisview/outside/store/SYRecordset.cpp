@@ -100,6 +100,10 @@ std::string SYRecordset::FieldText(std::string_view name) const {
     return m_statement->Text(ColumnOf(name));
 }
 
+std::string_view SYRecordset::FieldTextView(std::string_view name) const {
+    return m_statement->TextView(ColumnOf(name));
+}
+
 void SYRecordset::CheckWritable() const {
     if (WriteTable() == nullptr)
         throw CDBException(8, "This record set cannot be written.");

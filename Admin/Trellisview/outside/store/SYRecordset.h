@@ -59,6 +59,8 @@ protected:
     bool FieldIsNull(std::string_view name) const;
     std::int64_t FieldInt(std::string_view name) const;
     std::string FieldText(std::string_view name) const;
+    // The text in place, valid until the set moves: for a caller that only reads it.
+    std::string_view FieldTextView(std::string_view name) const;
     void SetField(const std::string& column, SYDbValue value);
 
     enum class WriteMode { none, add, edit };

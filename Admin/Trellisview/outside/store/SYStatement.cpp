@@ -111,11 +111,15 @@ std::int64_t SYStatement::Int64(int column) const {
 }
 
 std::string SYStatement::Text(int column) const {
+    return std::string(TextView(column));
+}
+
+std::string_view SYStatement::TextView(int column) const {
     const auto* text = sqlite3_column_text(m_stmt, column);
     if (text == nullptr)
         return {};
-    return std::string(reinterpret_cast<const char*>(text),
-                       static_cast<std::size_t>(sqlite3_column_bytes(m_stmt, column)));
+    return {reinterpret_cast<const char*>(text),
+            static_cast<std::size_t>(sqlite3_column_bytes(m_stmt, column))};
 }
 
 SYDbValue SYStatement::Value(int column) const {

@@ -42,6 +42,8 @@ public:
     bool IsNull(int column) const;
     std::int64_t Int64(int column) const;
     std::string Text(int column) const;
+    // The same text without a copy, valid until the statement steps or resets.
+    std::string_view TextView(int column) const;
     SYDbValue Value(int column) const;
 
     const std::string& Sql() const { return m_sql; }
